@@ -1,0 +1,20 @@
+#ifndef VURO_FUZZ_SEEDS_H
+#define VURO_FUZZ_SEEDS_H
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "SectionBuilder.h"
+
+namespace VuroFuzz {
+
+// (entry name, input without the selector byte), built from the same kind of
+// realistic vectors the tests use.
+using Seed = std::pair<std::string, VuroTest::Bytes>;
+
+std::vector<Seed> foundationSeeds();
+
+} // namespace VuroFuzz
+
+#endif

@@ -1,0 +1,55 @@
+// Internal to the library (not installed): the log-line convention and the
+// bounds helpers every parser uses.
+#ifndef VURO_PARSE_SUPPORT_H
+#define VURO_PARSE_SUPPORT_H
+
+#include <android/log.h>
+
+#include <cstddef>
+
+#include "VuroISDBTUtils.h"
+
+namespace Vuro {
+
+// Every diagnostic goes to the Android log under this tag; each format starts
+// with "%s: " and its first argument is VURO_LOG_ORIGIN.
+#define VURO_LOG_TAG "VuRO"
+#define VURO_LOG_ORIGIN "ISDBTUtils"
+
+#define VURO_LOGW(...) __android_log_print(ANDROID_LOG_WARN, VURO_LOG_TAG, __VA_ARGS__)
+#define VURO_LOGI(...) __android_log_print(ANDROID_LOG_INFO, VURO_LOG_TAG, __VA_ARGS__)
+#define VURO_LOGE(...) __android_log_print(ANDROID_LOG_ERROR, VURO_LOG_TAG, __VA_ARGS__)
+
+// Bytes that may still be read from pos before limit, the end of the buffer
+// the outermost parse was handed (0 when pos is at or past it).
+inline U32 bytesLeft(const U8* pos, const U8* limit)
+{
+    return pos < limit ? static_cast<U32>(limit - pos) : 0;
+}
+
+// True when need bytes starting at pos lie inside the buffer ending at limit.
+inline bool fits(const U8* pos, const U8* limit, U32 need)
+{
+    return pos <= limit && static_cast<std::size_t>(limit - pos) >= need;
+}
+
+// The limit a parse uses when it is the outermost call: the end of its own
+// data (null data has no readable byte).
+inline const U8* outerLimit(const U8* data, U32 dataLength)
+{
+    return data ? data + dataLength : nullptr;
+}
+
+inline U16 readU16(const U8* p)
+{
+    return static_cast<U16>((p[0] << 8) | p[1]);
+}
+
+inline U32 readU32(const U8* p)
+{
+    return (static_cast<U32>(p[0]) << 24) | (static_cast<U32>(p[1]) << 16) | (static_cast<U32>(p[2]) << 8) | p[3];
+}
+
+} // namespace Vuro
+
+#endif
