@@ -36,7 +36,7 @@ void utilities(U8* data, U32 length)
         ISDBTUtils::bcd2U8(data[0]);
 }
 
-std::vector<Entry> build()
+std::vector<Entry> foundation()
 {
     return {
         // Foundation
@@ -48,6 +48,15 @@ std::vector<Entry> build()
         {"TServiceListDescriptor/within", descriptorWithin<TServiceListDescriptor>},
         {"TServiceListDescriptorItem", item<TServiceListDescriptorItem>},
     };
+}
+
+std::vector<Entry> build()
+{
+    std::vector<Entry> all = foundation();
+    for (std::vector<Entry> family :
+         {networkEntries(), serviceEventEntries(), streamEntries(), programMapEntries(), serviceTimeEntries()})
+        all.insert(all.end(), family.begin(), family.end());
+    return all;
 }
 
 } // namespace

@@ -21,6 +21,13 @@ struct Entry {
 };
 
 const std::vector<Entry>& entries();
+
+// Entry points by family, in the order entries() lists them.
+std::vector<Entry> networkEntries();          // network descriptors, NIT
+std::vector<Entry> serviceEventEntries();     // service and event descriptors
+std::vector<Entry> streamEntries();           // stream and content-protection descriptors
+std::vector<Entry> programMapEntries();       // PMT and its entries
+std::vector<Entry> serviceTimeEntries();      // SDT, TOT and their descriptors
 // Index of the entry with that name (the selector byte of its seeds); -1 if none.
 int entryIndex(const std::string& name);
 

@@ -14,6 +14,13 @@ namespace VuroFuzz {
 using Seed = std::pair<std::string, VuroTest::Bytes>;
 
 std::vector<Seed> foundationSeeds();
+std::vector<Seed> networkSeeds();
+std::vector<Seed> serviceEventSeeds();
+std::vector<Seed> streamSeeds();
+std::vector<Seed> programMapSeeds();
+std::vector<Seed> serviceTimeSeeds();
+
+std::vector<Seed> allSeeds();
 
 } // namespace VuroFuzz
 

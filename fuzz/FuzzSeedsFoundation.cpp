@@ -20,3 +20,16 @@ std::vector<Seed> foundationSeeds()
 }
 
 } // namespace VuroFuzz
+
+namespace VuroFuzz {
+
+std::vector<Seed> allSeeds()
+{
+    std::vector<Seed> all;
+    for (std::vector<Seed> family :
+         {foundationSeeds(), networkSeeds(), serviceEventSeeds(), streamSeeds(), programMapSeeds(), serviceTimeSeeds()})
+        all.insert(all.end(), family.begin(), family.end());
+    return all;
+}
+
+} // namespace VuroFuzz

@@ -11,7 +11,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "usage: %s DIRECTORY\n", argv[0]);
         return 2;
     }
-    std::vector<VuroFuzz::Seed> seeds = VuroFuzz::foundationSeeds();
+    std::vector<VuroFuzz::Seed> seeds = VuroFuzz::allSeeds();
     int written = 0;
     for (const VuroFuzz::Seed& seed : seeds) {
         const int index = VuroFuzz::entryIndex(seed.first);

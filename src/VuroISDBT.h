@@ -12,10 +12,32 @@
 #include "TISDBTVersionedTable.h"
 
 #include "descriptors/TISDBTDescriptor.h"
+
+// Network and transport-stream descriptors
 #include "descriptors/TServiceListDescriptor.h"
 #include "descriptors/TServiceListDescriptorItem.h"
+// (end of network and transport-stream descriptors)
 
+// Service and event descriptors
+// (end of service and event descriptors)
+
+// Stream and content-protection descriptors
+// (end of stream and content-protection descriptors)
+
+// Program association table
 #include "pat/TPATTable.h"
 #include "pat/TProgramAssociation.h"
+
+// Program map table
+// (end of program map table)
+
+// Network information table
+// (end of network information table)
+
+// Service description table
+// (end of service description table)
+
+// Time offset table
+// (end of time offset table)
 
 #endif

@@ -1,0 +1,12 @@
+#include "FuzzSeeds.h"
+
+namespace VuroFuzz {
+
+using namespace VuroTest;
+
+std::vector<Seed> serviceTimeSeeds()
+{
+    return {};
+}
+
+} // namespace VuroFuzz
