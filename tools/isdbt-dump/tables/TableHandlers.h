@@ -1,0 +1,16 @@
+// The handler units, one per table class.
+#ifndef VURO_TOOLS_TABLE_HANDLERS_H
+#define VURO_TOOLS_TABLE_HANDLERS_H
+
+#include <cstdio>
+
+#include "../TableHandler.h"
+
+namespace VuroTools {
+
+std::unique_ptr<TableHandler> makePatHandler();
+// Further tables: one make<Table>Handler() each, listed in makeTableHandlers().
+
+} // namespace VuroTools
+
+#endif
