@@ -323,7 +323,7 @@ void Dumper::writeSummary(const ReadReport* report, const SectionDemux* demux)
     }
 
     std::FILE* file = m_file;
-    std::fprintf(file, "\nSummary\n");
+    std::fprintf(file, "Summary\n");
     if (report)
         std::fprintf(file, "  %llu bytes, %llu packets of %zu bytes, %llu sync losses, %llu bytes of a truncated packet\n",
                      static_cast<unsigned long long>(report->bytes), static_cast<unsigned long long>(report->packets),

@@ -1,6 +1,7 @@
 #include "TsReader.h"
 
 #include <cerrno>
+#include <algorithm>
 #include <cstring>
 #include <unistd.h>
 
@@ -10,16 +11,19 @@ namespace {
 
 constexpr std::size_t kUnitSizes[] = {188, 192, 204};
 constexpr std::size_t kDetectPackets = 32;
+// Consecutive sync bytes that make a unit size certain (fewer when the data is shorter).
+constexpr std::size_t kConvincingPackets = 5;
 constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
 
-// Unit starts checked from offset, or 0 if one of them lacks the sync byte.
+// Consecutive unit starts from offset that carry the sync byte, or 0 if
+// fewer than the data can show convincingly.
 std::size_t verifiedUnits(const std::uint8_t* data, std::size_t size, std::size_t offset, std::size_t unitSize)
 {
     std::size_t count = 0;
-    for (std::size_t at = offset; at < size && count < kDetectPackets; at += unitSize, ++count)
-        if (data[at] != TS_SYNC_BYTE)
-            return 0;
-    return count;
+    for (std::size_t at = offset; at < size && count < kDetectPackets && data[at] == TS_SYNC_BYTE; at += unitSize)
+        ++count;
+    const std::size_t available = (size - offset + unitSize - 1) / unitSize;
+    return count >= std::min(available, kConvincingPackets) ? count : 0;
 }
 
 } // namespace

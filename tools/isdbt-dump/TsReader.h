@@ -21,9 +21,10 @@ struct PacketFormat {
 };
 
 // Looks for sync bytes repeating at one of the three unit sizes in the first
-// bytes of an input. Every unit start that lies inside the data (up to 32)
-// must carry a sync byte and one whole packet must be present; the size that
-// verifies the most packets wins, 188 before 192 before 204 on a tie.
+// bytes of an input: from the first sync byte of a candidate size, at least 5
+// consecutive unit starts (all those in the data when it is shorter) must
+// carry one, and one whole packet must be present. The size with the longest
+// run (up to 32) wins, 188 before 192 before 204 on a tie.
 PacketFormat detectPacketFormat(const std::uint8_t* data, std::size_t size);
 
 struct ReadReport {
