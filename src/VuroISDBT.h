@@ -38,6 +38,9 @@
 // (end of service description table)
 
 // Time offset table
+#include "descriptors/TLocalTimeOffsetDescriptor.h"
+#include "descriptors/TLocalTimeOffsetDescriptorItem.h"
+#include "tot/TTOTTable.h"
 // (end of time offset table)
 
 #endif
