@@ -68,17 +68,23 @@ TISDBTTable::BodyResult TTOTTable::parseBody(U8* /*sectionData*/, U32 /*dataLeng
             return BODY_FAILED;
         const U8 tag = position[0];
         const U32 length = position[1] + TISDBTDescriptor::COMMON_HEADER_LENGTH;
-        if (!requireBytes(position, limit, length, errorCode))
-            return BODY_FAILED;
         if (tag == TLocalTimeOffsetDescriptor::DESCRIPTOR_TAG) {
             // A second local time offset descriptor replaces the first.
-            if (!TISDBTDescriptor::parseInto(m_pLocalTimeOffsetDesc, position, length, errorCode, limit))
+            if (!requireBytes(position, limit, length, errorCode) ||
+                !TISDBTDescriptor::parseInto(m_pLocalTimeOffsetDesc, position, length, errorCode, limit))
                 return BODY_FAILED;
         } else {
+            // Skipping reads nothing of the body, so an unknown descriptor
+            // that closes the loop may claim more bytes than the data holds.
             VURO_LOGW("%s: TTOTTable::parse: Unknown descriptor: 0x%02X. Ignored!", VURO_LOG_ORIGIN, tag);
         }
-        position += length;
         loopCount = static_cast<U16>(loopCount - length);
+        if (loopCount == 0)
+            break;
+        // Another descriptor follows, so this one must end inside the data.
+        if (!requireBytes(position, limit, length, errorCode))
+            return BODY_FAILED;
+        position += length;
     }
     return BODY_PARSED;
 }

@@ -118,8 +118,9 @@ TEST(TOTTable, DescriptorsAndLoopsRunningPastTheDataFailThere)
 {
     const U16 tooLong = TISDBTTable::ERROR_INVALID_DATA_LENGTH;
     // descriptor_length 0x40: only 4 bytes of it and the CRC_32 follow.
+    // The loop goes on after it, so the walk stops where it would pass the end.
     expectFailure(tot({0x4D, 0x40, 0x01, 0x02, 0x03, 0x04}), tooLong,
-                  {"ISDBTUtils: TISDBTTable::parse: Longer data length is required: 10 < 66. Aborting!"});
+                  {kUnknown4D, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 10 < 66. Aborting!"});
 
     // A local time offset descriptor is refused by the table before its own
     // parse would walk on.
@@ -137,6 +138,7 @@ TEST(TOTTable, DescriptorsAndLoopsRunningPastTheDataFailThere)
     longLoop[2] -= 4;
     expectFailure(longLoop, tooLong,
                   {kUnknown4D, "ISDBTUtils: TTOTTable::parse: Unknown descriptor: 0x41. Ignored!",
+                   "ISDBTUtils: TTOTTable::parse: Unknown descriptor: 0x42. Ignored!",
                    "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 7. Aborting!"});
     // descriptors_loop_length 1 over a 2-byte descriptor: the 16-bit count
     // wraps to 65535 and the walk reads on until no byte is left for a header.
@@ -147,4 +149,19 @@ TEST(TOTTable, DescriptorsAndLoopsRunningPastTheDataFailThere)
                   {kUnknown4D, "ISDBTUtils: TTOTTable::parse: Unknown descriptor: 0x41. Ignored!",
                    "ISDBTUtils: TTOTTable::parse: Unknown descriptor: 0x42. Ignored!",
                    "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 0 < 2. Aborting!"});
+}
+
+TEST(TOTTable, UnknownDescriptorClosingTheLoopIsSkippedWithoutReadingItsBody)
+{
+    LogCapture log;
+    // descriptors_loop_length 0x42 matches a 0x4D descriptor claiming 64 body
+    // bytes that the section does not hold: skipping it reads none of them.
+    ExactBuffer data(tot({0x4D, 0x40, 0x01}, 0x42));
+    U16 code = 0xBEEF;
+    TTOTTable* table = parse(data, &code);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
+    EXPECT_EQ(table->getLocalTimeOffsetDescriptor(), nullptr);
+    EXPECT_WARNINGS(log, kUnknown4D);
+    delete table;
 }
