@@ -19,6 +19,20 @@
 // (end of network and transport-stream descriptors)
 
 // Service and event descriptors
+#include "descriptors/TAudioComponentDescriptor.h"
+#include "descriptors/TBouquetNameDescriptor.h"
+#include "descriptors/TComponentDescriptor.h"
+#include "descriptors/TContentDescriptor.h"
+#include "descriptors/TCountryAvailabilityDescriptor.h"
+#include "descriptors/TMosaicDescriptor.h"
+#include "descriptors/TMosaicDescriptorCell.h"
+#include "descriptors/TNVODReferenceDescriptor.h"
+#include "descriptors/TNVODReferenceDescriptorItem.h"
+#include "descriptors/TParentalRatingDescriptor.h"
+#include "descriptors/TParentalRatingDescriptorItem.h"
+#include "descriptors/TServiceDescriptor.h"
+#include "descriptors/TShortEventDescriptor.h"
+#include "descriptors/TTimeShiftedServiceDescriptor.h"
 // (end of service and event descriptors)
 
 // Stream and content-protection descriptors

@@ -47,6 +47,16 @@ public:
         if (!parseCommonHeader(sectionData, dataLength, errorCode, static_cast<U8>(D::MINIMUM_DESCRIPTOR_LENGTH),
                                D::DESCRIPTOR_TAG))
             return nullptr;
+        return parseCheckedDescriptor<D>(sectionData, dataLength, parsedLength, errorCode, limit);
+    }
+
+    // The pattern after a passed header check, for classes that act between
+    // the check and the body (an extra failure line, an early length report)
+    // or make no header check at all.
+    template <class D>
+    static D* parseCheckedDescriptor(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
+                                     const U8* limit)
+    {
         D* descriptor = new D(sectionData, dataLength);
         U32 parsed = 0;
         if (!descriptor->parseBody(dataLength, limit ? limit : sectionData + dataLength, parsed, errorCode)) {
