@@ -16,36 +16,13 @@
 #include <descriptors/TTargetRegionDescriptor.h>
 #include <descriptors/TVideoDecodeControlDescriptor.h>
 
-#include <memory>
-#include <string>
-
 #include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "StreamDescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
 namespace {
-
-// Parses body as a whole descriptor of class D held in an exact buffer; the
-// buffer is kept alive with the result, which borrows it.
-template <class D>
-struct Parsed {
-    explicit Parsed(const Bytes& body)
-        : data(descriptor(D::DESCRIPTOR_TAG, body)),
-          object(D::parse(data.data(), data.size(), &parsedLength, &code))
-    {
-    }
-    ExactBuffer data;
-    U32 parsedLength = 0xDEAD;
-    U16 code = 0xBEEF;
-    std::unique_ptr<D> object;
-};
-
-std::string block(const U8* data, U8 size)
-{
-    return data ? std::string(reinterpret_cast<const char*>(data), size) : std::string("<null>");
-}
 
 // A body one byte under the minimum fails in the header check; a descriptor
 // of another tag too. Both allocate nothing.

@@ -3,36 +3,22 @@
 #include <descriptors/TAACDescriptor.h>
 #include <descriptors/TAVCTimingAndHRDDescriptor.h>
 
-#include <memory>
-
 #include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "StreamDescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
 namespace {
 
-struct Result {
-    std::unique_ptr<TAVCTimingAndHRDDescriptor> object;
-    U32 parsedLength = 0xDEAD;
-    U16 code = 0xBEEF;
-};
-
-Result parse(const Bytes& body)
-{
-    ExactBuffer data(descriptor(0x2A, body));
-    Result r;
-    r.object.reset(TAVCTimingAndHRDDescriptor::parse(data.data(), data.size(), &r.parsedLength, &r.code));
-    return r;
-}
+using Result = Parsed<TAVCTimingAndHRDDescriptor>;
 
 } // namespace
 
 TEST(AVCTimingAndHRDDescriptor, WithoutTimingTheFlagsFollowTheFirstByte)
 {
     LogCapture log;
-    Result r = parse({0x80, 0xE0});
+    Result r({0x80, 0xE0});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(r.parsedLength, 2u);
@@ -48,7 +34,7 @@ TEST(AVCTimingAndHRDDescriptor, NumUnitsInTickIsNotSteppedOver)
 {
     // 90kHz_flag clear: no N and K; num_units_in_tick 1001, then a flags byte
     // with fixed_frame_rate set that is never reached.
-    Result r = parse({0x01, 0x7F, 0x00, 0x00, 0x03, 0xE9, 0x80});
+    Result r({0x01, 0x7F, 0x00, 0x00, 0x03, 0xE9, 0x80});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.parsedLength, 3u);
     EXPECT_EQ(r.object->is90kHz(), FALSE);
@@ -59,7 +45,7 @@ TEST(AVCTimingAndHRDDescriptor, NumUnitsInTickIsNotSteppedOver)
 
 TEST(AVCTimingAndHRDDescriptor, NAndKAreReadWhenThe90kHzFlagIsSet)
 {
-    Result r = parse({0x01, 0x80, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x01, 0x2C, 0xA0, 0x00, 0x00, 0x01, 0x1F});
+    Result r({0x01, 0x80, 0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x01, 0x2C, 0xA0, 0x00, 0x00, 0x01, 0x1F});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.parsedLength, 11u);
     EXPECT_EQ(r.object->is90kHz(), TRUE);
@@ -74,10 +60,10 @@ TEST(AVCTimingAndHRDDescriptor, NAndKAreReadWhenThe90kHzFlagIsSet)
 TEST(AVCTimingAndHRDDescriptor, LengthFailures)
 {
     LogCapture log;
-    Result timing = parse({0x01, 0x00, 0x00, 0x00, 0x03, 0xE9}); // 5 bytes after byte 2
+    Result timing({0x01, 0x00, 0x00, 0x00, 0x03, 0xE9}); // 5 bytes after byte 2
     EXPECT_EQ(timing.object, nullptr);
     EXPECT_EQ(timing.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    Result nk = parse(Bytes{0x01, 0x80, 0, 0, 0, 1, 0, 0, 1, 0x2C, 0, 0, 3, 0xE9}); // 12 after the flag
+    Result nk(Bytes{0x01, 0x80, 0, 0, 0, 1, 0, 0, 1, 0x2C, 0, 0, 3, 0xE9}); // 12 after the flag
     EXPECT_EQ(nk.object, nullptr);
     EXPECT_EQ(nk.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     EXPECT_WARNINGS(log,

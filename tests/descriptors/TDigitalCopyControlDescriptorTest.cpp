@@ -2,29 +2,18 @@
 
 #include <descriptors/TDigitalCopyControlDescriptor.h>
 
-#include <memory>
+#include <cstdio>
+#include <string>
 
 #include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "StreamDescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
 namespace {
 
-struct Result {
-    std::unique_ptr<TDigitalCopyControlDescriptor> object;
-    U32 parsedLength = 0xDEAD;
-    U16 code = 0xBEEF;
-};
-
-Result parse(const Bytes& body)
-{
-    ExactBuffer data(descriptor(0xC1, body));
-    Result r;
-    r.object.reset(TDigitalCopyControlDescriptor::parse(data.data(), data.size(), &r.parsedLength, &r.code));
-    return r;
-}
+using Result = Parsed<TDigitalCopyControlDescriptor>;
 
 const char* const kLengthLine =
     "ISDBTUtils: TDigitalCopyControlDescriptor::parse: Longer data length is required: %u < %u. Aborting!";
@@ -41,7 +30,7 @@ std::string lengthLine(unsigned count, unsigned required)
 TEST(DigitalCopyControlDescriptor, FlagsOnly)
 {
     LogCapture log;
-    Result r = parse({0x8D}); // recording control 2, copy control type 3, APS 1
+    Result r({0x8D}); // recording control 2, copy control type 3, APS 1
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(r.parsedLength, 1u);
@@ -51,7 +40,7 @@ TEST(DigitalCopyControlDescriptor, FlagsOnly)
     EXPECT_EQ(r.object->hasMaximumBitrate(), FALSE);
     EXPECT_EQ(r.object->size(), 0u);
 
-    Result free = parse({0x03}); // type 0: APS is not taken
+    Result free({0x03}); // type 0: APS is not taken
     EXPECT_EQ(free.object->getCopyControlType(), TDigitalCopyControlDescriptor::COPY_CONTROL_FREE);
     EXPECT_EQ(free.object->getAPSControlData(), 0);
     EXPECT_NO_LOG(log);
@@ -61,7 +50,7 @@ TEST(DigitalCopyControlDescriptor, BitrateAndComponentEntries)
 {
     // Bitrate 0x80; component_control_length 3 walked as a 2-byte entry with
     // bitrate 0x40, then a 1-byte entry.
-    Result r = parse({0x76, 0x80, 0x03, 0xE4, 0x40, 0x0E});
+    Result r({0x76, 0x80, 0x03, 0xE4, 0x40, 0x0E});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.parsedLength, 6u);
     EXPECT_EQ(r.object->getDigitalRecordingControlData(), 1);
@@ -87,7 +76,7 @@ TEST(DigitalCopyControlDescriptor, EntriesReadNoComponentTag)
 {
     // One broadcast entry: component_tag 0x00, flags 0x8C. The tag byte is
     // taken as an entry of its own and the flags byte as a second one.
-    Result r = parse({0x10, 0x02, 0x00, 0x8C});
+    Result r({0x10, 0x02, 0x00, 0x8C});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.parsedLength, 4u);
     ASSERT_EQ(r.object->size(), 2u);
@@ -102,7 +91,7 @@ TEST(DigitalCopyControlDescriptor, LengthFailures)
 {
     LogCapture log;
     for (const Bytes& body : {Bytes{0x20}, Bytes{0x10}, Bytes{0x30, 0x80}, Bytes{0x10, 0x03, 0x00, 0x00}}) {
-        Result r = parse(body);
+        Result r(body);
         EXPECT_EQ(r.object, nullptr);
         EXPECT_EQ(r.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     }
@@ -113,7 +102,7 @@ TEST(DigitalCopyControlDescriptor, FailingEntry)
 {
     LogCapture log;
     // The entry announces a bitrate but the descriptor ends.
-    Result r = parse({0x10, 0x01, 0x20});
+    Result r({0x10, 0x01, 0x20});
     EXPECT_EQ(r.object, nullptr);
     EXPECT_EQ(r.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     EXPECT_WARNINGS(log,
@@ -127,7 +116,7 @@ TEST(DigitalCopyControlDescriptor, CountSteppedOverWrapsAndFailsAtTheDescriptorE
     LogCapture log;
     // component_control_length 1, but the entry takes 2 bytes: the 8-bit
     // count wraps and the next entry finds no byte left.
-    Result r = parse({0x10, 0x01, 0x20, 0x40});
+    Result r({0x10, 0x01, 0x20, 0x40});
     EXPECT_EQ(r.object, nullptr);
     EXPECT_EQ(r.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     EXPECT_WARNINGS(log,

@@ -2,37 +2,22 @@
 
 #include <descriptors/TLogoTransmissionDescriptor.h>
 
-#include <memory>
-#include <string>
-
 #include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "StreamDescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
 namespace {
 
-struct Result {
-    std::unique_ptr<TLogoTransmissionDescriptor> object;
-    U32 parsedLength = 0xDEAD;
-    U16 code = 0xBEEF;
-};
-
-Result parse(const Bytes& body)
-{
-    ExactBuffer data(descriptor(0xCF, body));
-    Result r;
-    r.object.reset(TLogoTransmissionDescriptor::parse(data.data(), data.size(), &r.parsedLength, &r.code));
-    return r;
-}
+using Result = Parsed<TLogoTransmissionDescriptor>;
 
 } // namespace
 
 TEST(LogoTransmissionDescriptor, DecodesEachScheme)
 {
     LogCapture log;
-    Result cdt1 = parse({0x01, 0xFF, 0x05, 0xF1, 0x23, 0x00, 0x07});
+    Result cdt1({0x01, 0xFF, 0x05, 0xF1, 0x23, 0x00, 0x07});
     ASSERT_NE(cdt1.object, nullptr);
     EXPECT_EQ(cdt1.code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(cdt1.parsedLength, 7u);
@@ -42,19 +27,19 @@ TEST(LogoTransmissionDescriptor, DecodesEachScheme)
     EXPECT_EQ(cdt1.object->getDownloadDataID(), 7);
     EXPECT_EQ(cdt1.object->getLogoData(), nullptr);
 
-    Result cdt2 = parse({0x02, 0xFE, 0x2A});
+    Result cdt2({0x02, 0xFE, 0x2A});
     ASSERT_NE(cdt2.object, nullptr);
     EXPECT_EQ(cdt2.parsedLength, 3u);
     EXPECT_EQ(cdt2.object->getLogoID(), 0x02A);
     EXPECT_EQ(cdt2.object->getLogoVersion(), 0);
 
-    Result simple = parse({0x03, 'L', 'O', 'G', 'O'});
+    Result simple({0x03, 'L', 'O', 'G', 'O'});
     ASSERT_NE(simple.object, nullptr);
     EXPECT_EQ(simple.parsedLength, 5u);
     ASSERT_EQ(simple.object->getLogoDataLength(), 4);
     EXPECT_EQ(std::string(reinterpret_cast<char*>(simple.object->getLogoData()), 4), "LOGO");
 
-    Result empty = parse({0x03});
+    Result empty({0x03});
     ASSERT_NE(empty.object, nullptr);
     EXPECT_EQ(empty.parsedLength, 1u);
     EXPECT_EQ(empty.object->getLogoData(), nullptr);
@@ -64,7 +49,7 @@ TEST(LogoTransmissionDescriptor, DecodesEachScheme)
 TEST(LogoTransmissionDescriptor, OtherTypesAreReportedAndKept)
 {
     LogCapture log;
-    Result r = parse({0x1A, 0x01, 0x02});
+    Result r({0x1A, 0x01, 0x02});
     ASSERT_NE(r.object, nullptr);
     EXPECT_EQ(r.code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(r.parsedLength, 1u);
@@ -76,10 +61,10 @@ TEST(LogoTransmissionDescriptor, OtherTypesAreReportedAndKept)
 TEST(LogoTransmissionDescriptor, ShortSchemesNameSixBytes)
 {
     LogCapture log;
-    Result cdt1 = parse({0x01, 0xFF, 0x05, 0xF1, 0x23, 0x00});
+    Result cdt1({0x01, 0xFF, 0x05, 0xF1, 0x23, 0x00});
     EXPECT_EQ(cdt1.object, nullptr);
     EXPECT_EQ(cdt1.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    Result cdt2 = parse({0x02, 0xFE});
+    Result cdt2({0x02, 0xFE});
     EXPECT_EQ(cdt2.object, nullptr);
     EXPECT_EQ(cdt2.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     EXPECT_WARNINGS(log,
