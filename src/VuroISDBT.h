@@ -36,6 +36,25 @@
 // (end of service and event descriptors)
 
 // Stream and content-protection descriptors
+#include "descriptors/TAACDescriptor.h"
+#include "descriptors/TAVCTimingAndHRDDescriptor.h"
+#include "descriptors/TAVCVideoDescriptor.h"
+#include "descriptors/TCAIdentifierDescriptor.h"
+#include "descriptors/TCarouselCompatibleCompositeDescriptor.h"
+#include "descriptors/TCarouselIdentifierDescriptor.h"
+#include "descriptors/TConditionalPlaybackDescriptor.h"
+#include "descriptors/TContentAvailabilityDescriptor.h"
+#include "descriptors/TCopyrightDescriptor.h"
+#include "descriptors/TDataComponentDescriptor.h"
+#include "descriptors/TDigitalCopyControlDescriptor.h"
+#include "descriptors/TDigitalCopyControlDescriptorItem.h"
+#include "descriptors/THierarchicalTransmissionDescriptor.h"
+#include "descriptors/TISO639LanguageDescriptor.h"
+#include "descriptors/TLogoTransmissionDescriptor.h"
+#include "descriptors/TStreamIdentifierDescriptor.h"
+#include "descriptors/TTargetRegionDescriptor.h"
+#include "descriptors/TVideoDecodeControlDescriptor.h"
+#include "descriptors/TVideoEncodeFormat.h"
 // (end of stream and content-protection descriptors)
 
 // Program association table
