@@ -33,7 +33,8 @@ std::vector<Seed> networkSeeds()
     const Bytes tsInformation = descriptor(0xCD, {0x05, (7 << 2) | 2, 'V', 'u', 'r', 'o', ' ', 'H', 'D', 0x0F, 0x01,
                                                  0xE5, 0x98, 0xAF, 0x02, 0xE5, 0x80, 0xE5, 0x81});
     const Bytes serviceList = descriptor(0x41, {0xE5, 0x80, 0x01, 0xE5, 0x98, 0xC0});
-    const Bytes entry = streamEntry(0x0640, 0x0640, concat({serviceList, tsInformation, terrestrial, partialReception}));
+    const Bytes entry =
+        streamEntry(0x0640, 0x0640, concat({serviceList, tsInformation, terrestrial, partialReception}));
     const Bytes secondEntry = streamEntry(0x0641, 0x0640, descriptor(0xFB, {0xE6, 0x18}));
     return {
         {"TNetworkNameDescriptor", networkName},

@@ -9,11 +9,6 @@ namespace {
 const U32 kLoopLengthField = 2; // 4 reserved bits + 12-bit loop length
 const U32 kDescriptorHeader = TISDBTDescriptor::COMMON_HEADER_LENGTH;
 using Slots = TNetworkDescriptorSlots<TNITTable>;
-
-U16 loopLength(const U8* field)
-{
-    return static_cast<U16>(((field[0] & 0x0F) << 8) | field[1]);
-}
 } // namespace
 
 TNITTable::TNITTable(U8* sectionData, U32 dataLength)
@@ -67,6 +62,23 @@ TISDBTTable::BodyResult TNITTable::rejectLength(U32 length, U32 available, U16* 
     return BODY_FAILED;
 }
 
+BOOL TNITTable::readLoopLength(U8*& position, const U8* limit, U16& sectionLength, U16& loopLength,
+                               U16* errorCode)
+{
+    if (!fits(position, limit, kLoopLengthField)) {
+        rejectLength(kLoopLengthField, bytesLeft(position, limit), errorCode);
+        return FALSE;
+    }
+    loopLength = static_cast<U16>(((position[0] & 0x0F) << 8) | position[1]);
+    position += kLoopLengthField;
+    sectionLength = static_cast<U16>(sectionLength - kLoopLengthField);
+    if (loopLength > sectionLength) {
+        rejectLength(loopLength, sectionLength, errorCode);
+        return FALSE;
+    }
+    return TRUE;
+}
+
 TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength, U16 bodyLength,
                                              BOOL /*parseDescriptors*/, U16* errorCode)
 {
@@ -76,13 +88,9 @@ TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength
     U16 sectionLength = bodyLength;
 
     // Network descriptor loop.
-    if (!fits(position, limit, kLoopLengthField))
-        return rejectLength(kLoopLengthField, bytesLeft(position, limit), errorCode);
-    U16 descriptorsLength = loopLength(position);
-    position += kLoopLengthField;
-    sectionLength = static_cast<U16>(sectionLength - kLoopLengthField);
-    if (descriptorsLength > sectionLength)
-        return rejectLength(descriptorsLength, sectionLength, errorCode);
+    U16 descriptorsLength = 0;
+    if (!readLoopLength(position, limit, sectionLength, descriptorsLength, errorCode))
+        return BODY_FAILED;
     while (descriptorsLength != 0) {
         if (!fits(position, limit, kDescriptorHeader))
             return rejectLength(kDescriptorHeader, bytesLeft(position, limit), errorCode);
@@ -114,13 +122,9 @@ TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength
     }
 
     // Transport stream loop.
-    if (!fits(position, limit, kLoopLengthField))
-        return rejectLength(kLoopLengthField, bytesLeft(position, limit), errorCode);
-    U16 streamsLength = loopLength(position);
-    position += kLoopLengthField;
-    sectionLength = static_cast<U16>(sectionLength - kLoopLengthField);
-    if (streamsLength > sectionLength)
-        return rejectLength(streamsLength, sectionLength, errorCode);
+    U16 streamsLength = 0;
+    if (!readLoopLength(position, limit, sectionLength, streamsLength, errorCode))
+        return BODY_FAILED;
     // The 16-bit loop count ends the loop only at exactly zero; an entry
     // longer than what is left wraps it and the walk goes on until an entry
     // would pass the end of the buffer.

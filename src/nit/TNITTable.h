@@ -51,7 +51,10 @@ public:
     // Stores under the item's transport_stream_id and takes ownership; an
     // entry already there is displaced and not deleted. A null item is ignored.
     void addTransportStreamInfo(TTransportStreamInfo* item);
-    TTransportStreamInfo* getTransportStreamInfo(U16 transportStreamID) const { return m_pItems.get(transportStreamID); }
+    TTransportStreamInfo* getTransportStreamInfo(U16 transportStreamID) const
+    {
+        return m_pItems.get(transportStreamID);
+    }
     // Ascending.
     std::list<U16> getTransportStreamIDs() const;
     BOOL removeTransportStreamInfo(U16 transportStreamID) { return m_pItems.remove(transportStreamID); }
@@ -61,6 +64,11 @@ private:
     // Logs the table's length line with (length, available), stores
     // ERROR_INVALID_DATA_LENGTH and returns BODY_FAILED.
     static BodyResult rejectLength(U32 length, U32 available, U16* errorCode);
+    // Reads a 12-bit loop length at position (which must lie before limit) and
+    // steps past it, taking its 2 bytes off sectionLength (16-bit); a loop
+    // longer than the rest of the section fails with the length line.
+    static BOOL readLoopLength(U8*& position, const U8* limit, U16& sectionLength, U16& loopLength,
+                               U16* errorCode);
 
     TNetworkNameDescriptor* m_pNetworkNameDesc;
     TSystemManagementDescriptor* m_pSystemMngDesc;
