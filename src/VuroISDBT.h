@@ -14,8 +14,17 @@
 #include "descriptors/TISDBTDescriptor.h"
 
 // Network and transport-stream descriptors
+#include "descriptors/TEmergencyInformationDescriptor.h"
+#include "descriptors/TEmergencyInformationDescriptorItem.h"
+#include "descriptors/TLinkageDescriptor.h"
+#include "descriptors/TNetworkNameDescriptor.h"
+#include "descriptors/TPartialReceptionDescriptor.h"
 #include "descriptors/TServiceListDescriptor.h"
 #include "descriptors/TServiceListDescriptorItem.h"
+#include "descriptors/TSystemManagementDescriptor.h"
+#include "descriptors/TTSInformationDescriptor.h"
+#include "descriptors/TTSInformationDescriptorItem.h"
+#include "descriptors/TTerrestrialDeliverySystemDescriptor.h"
 // (end of network and transport-stream descriptors)
 
 // Service and event descriptors
@@ -65,6 +74,8 @@
 // (end of program map table)
 
 // Network information table
+#include "nit/TNITTable.h"
+#include "nit/TTransportStreamInfo.h"
 // (end of network information table)
 
 // Service description table

@@ -85,6 +85,13 @@ public:
     }
 
 protected:
+    // Bounded read for descriptor bodies: TRUE when the dataLength bytes the
+    // descriptor was handed (header included) lie before limit. Otherwise the
+    // buffer ends inside the descriptor: logs the header check's length line
+    // (4) with the bytes needed and the bytes there, stores
+    // ERROR_INVALID_DESCRIPTOR_LENGTH and returns FALSE.
+    BOOL requireData(U32 dataLength, const U8* limit, U16* errorCode) const;
+
     // Item-list pattern: the one loop over the records of an item-list body.
     // While more(remaining) holds, parses an I at position with dataLength =
     // remaining (I::parse(U8*, U32, U32* itemLength, U16*, const U8* limit))
