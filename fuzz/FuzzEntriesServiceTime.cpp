@@ -6,7 +6,13 @@ using namespace Vuro;
 
 std::vector<Entry> serviceTimeEntries()
 {
-    return {};
+    return {
+        // Time offset table
+        {"TTOTTable", table<TTOTTable>},
+        {"TLocalTimeOffsetDescriptor", descriptor<TLocalTimeOffsetDescriptor>},
+        {"TLocalTimeOffsetDescriptor/within", descriptorWithin<TLocalTimeOffsetDescriptor>},
+        {"TLocalTimeOffsetDescriptorItem", item<TLocalTimeOffsetDescriptorItem>},
+    };
 }
 
 } // namespace VuroFuzz

@@ -14,14 +14,56 @@
 #include "descriptors/TISDBTDescriptor.h"
 
 // Network and transport-stream descriptors
+#include "descriptors/TEmergencyInformationDescriptor.h"
+#include "descriptors/TEmergencyInformationDescriptorItem.h"
+#include "descriptors/TLinkageDescriptor.h"
+#include "descriptors/TNetworkNameDescriptor.h"
+#include "descriptors/TPartialReceptionDescriptor.h"
 #include "descriptors/TServiceListDescriptor.h"
 #include "descriptors/TServiceListDescriptorItem.h"
+#include "descriptors/TSystemManagementDescriptor.h"
+#include "descriptors/TTSInformationDescriptor.h"
+#include "descriptors/TTSInformationDescriptorItem.h"
+#include "descriptors/TTerrestrialDeliverySystemDescriptor.h"
 // (end of network and transport-stream descriptors)
 
 // Service and event descriptors
+#include "descriptors/TAudioComponentDescriptor.h"
+#include "descriptors/TBouquetNameDescriptor.h"
+#include "descriptors/TComponentDescriptor.h"
+#include "descriptors/TContentDescriptor.h"
+#include "descriptors/TCountryAvailabilityDescriptor.h"
+#include "descriptors/TMosaicDescriptor.h"
+#include "descriptors/TMosaicDescriptorCell.h"
+#include "descriptors/TNVODReferenceDescriptor.h"
+#include "descriptors/TNVODReferenceDescriptorItem.h"
+#include "descriptors/TParentalRatingDescriptor.h"
+#include "descriptors/TParentalRatingDescriptorItem.h"
+#include "descriptors/TServiceDescriptor.h"
+#include "descriptors/TShortEventDescriptor.h"
+#include "descriptors/TTimeShiftedServiceDescriptor.h"
 // (end of service and event descriptors)
 
 // Stream and content-protection descriptors
+#include "descriptors/TAACDescriptor.h"
+#include "descriptors/TAVCTimingAndHRDDescriptor.h"
+#include "descriptors/TAVCVideoDescriptor.h"
+#include "descriptors/TCAIdentifierDescriptor.h"
+#include "descriptors/TCarouselCompatibleCompositeDescriptor.h"
+#include "descriptors/TCarouselIdentifierDescriptor.h"
+#include "descriptors/TConditionalPlaybackDescriptor.h"
+#include "descriptors/TContentAvailabilityDescriptor.h"
+#include "descriptors/TCopyrightDescriptor.h"
+#include "descriptors/TDataComponentDescriptor.h"
+#include "descriptors/TDigitalCopyControlDescriptor.h"
+#include "descriptors/TDigitalCopyControlDescriptorItem.h"
+#include "descriptors/THierarchicalTransmissionDescriptor.h"
+#include "descriptors/TISO639LanguageDescriptor.h"
+#include "descriptors/TLogoTransmissionDescriptor.h"
+#include "descriptors/TStreamIdentifierDescriptor.h"
+#include "descriptors/TTargetRegionDescriptor.h"
+#include "descriptors/TVideoDecodeControlDescriptor.h"
+#include "descriptors/TVideoEncodeFormat.h"
 // (end of stream and content-protection descriptors)
 
 // Program association table
@@ -32,12 +74,17 @@
 // (end of program map table)
 
 // Network information table
+#include "nit/TNITTable.h"
+#include "nit/TTransportStreamInfo.h"
 // (end of network information table)
 
 // Service description table
 // (end of service description table)
 
 // Time offset table
+#include "descriptors/TLocalTimeOffsetDescriptor.h"
+#include "descriptors/TLocalTimeOffsetDescriptorItem.h"
+#include "tot/TTOTTable.h"
 // (end of time offset table)
 
 #endif

@@ -56,4 +56,14 @@ BOOL TISDBTDescriptor::parseCommonHeader(U8* sectionData, U32 dataLength, U16* e
     return TRUE;
 }
 
+BOOL TISDBTDescriptor::requireData(U32 dataLength, const U8* limit, U16* errorCode) const
+{
+    if (fits(m_pData, limit, dataLength))
+        return TRUE;
+    VURO_LOGW("%s: TISDBTDescriptor::parseCommonHeader: (4) Longer data length is required: %u < %u. Aborting!",
+              VURO_LOG_ORIGIN, dataLength, bytesLeft(m_pData, limit));
+    ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    return FALSE;
+}
+
 } // namespace Vuro

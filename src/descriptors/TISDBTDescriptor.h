@@ -47,6 +47,16 @@ public:
         if (!parseCommonHeader(sectionData, dataLength, errorCode, static_cast<U8>(D::MINIMUM_DESCRIPTOR_LENGTH),
                                D::DESCRIPTOR_TAG))
             return nullptr;
+        return parseCheckedDescriptor<D>(sectionData, dataLength, parsedLength, errorCode, limit);
+    }
+
+    // The pattern after a passed header check, for classes that act between
+    // the check and the body (an extra failure line, an early length report)
+    // or make no header check at all.
+    template <class D>
+    static D* parseCheckedDescriptor(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
+                                     const U8* limit)
+    {
         D* descriptor = new D(sectionData, dataLength);
         U32 parsed = 0;
         if (!descriptor->parseBody(dataLength, limit ? limit : sectionData + dataLength, parsed, errorCode)) {
@@ -75,6 +85,13 @@ public:
     }
 
 protected:
+    // Bounded read for descriptor bodies: TRUE when the dataLength bytes the
+    // descriptor was handed (header included) lie before limit. Otherwise the
+    // buffer ends inside the descriptor: logs the header check's length line
+    // (4) with the bytes needed and the bytes there, stores
+    // ERROR_INVALID_DESCRIPTOR_LENGTH and returns FALSE.
+    BOOL requireData(U32 dataLength, const U8* limit, U16* errorCode) const;
+
     // Item-list pattern: the one loop over the records of an item-list body.
     // While more(remaining) holds, parses an I at position with dataLength =
     // remaining (I::parse(U8*, U32, U32* itemLength, U16*, const U8* limit))

@@ -50,6 +50,19 @@ inline U32 readU32(const U8* p)
     return (static_cast<U32>(p[0]) << 24) | (static_cast<U32>(p[1]) << 16) | (static_cast<U32>(p[2]) << 8) | p[3];
 }
 
+// A new array (array new; the caller owns it) of count big-endian 16-bit
+// values read from p, or null when count is 0. The caller has checked that
+// 2 x count bytes lie inside the buffer.
+inline U16* readU16Array(const U8* p, U32 count)
+{
+    if (count == 0)
+        return nullptr;
+    U16* values = new U16[count];
+    for (U32 i = 0; i < count; ++i)
+        values[i] = readU16(p + 2 * i);
+    return values;
+}
+
 } // namespace Vuro
 
 #endif

@@ -1,0 +1,54 @@
+#include "TSystemManagementDescriptor.h"
+
+#include <cstring>
+
+#include "../utils/VuroParseSupport.h"
+
+namespace Vuro {
+
+namespace {
+const U32 kInfoOffset = 4; // tag, length, system_management_id
+}
+
+TSystemManagementDescriptor::TSystemManagementDescriptor(U8* data, U32 length)
+    : TISDBTDescriptor(DESCRIPTOR_TAG, data, length), m_iSystemMngID(0), m_iAdditionalIdentInfoSize(0),
+      m_pAdditionalIdentInfo(nullptr)
+{
+}
+
+TSystemManagementDescriptor::~TSystemManagementDescriptor()
+{
+    delete[] m_pAdditionalIdentInfo;
+    m_pAdditionalIdentInfo = nullptr;
+    m_iAdditionalIdentInfoSize = 0;
+}
+
+TSystemManagementDescriptor* TSystemManagementDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,
+                                                                U16* errorCode)
+{
+    return parseDescriptor<TSystemManagementDescriptor>(sectionData, dataLength, parsedLength, errorCode, nullptr);
+}
+
+TSystemManagementDescriptor* TSystemManagementDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,
+                                                                U16* errorCode, const U8* limit)
+{
+    return parseDescriptor<TSystemManagementDescriptor>(sectionData, dataLength, parsedLength, errorCode, limit);
+}
+
+BOOL TSystemManagementDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
+{
+    if (!requireData(dataLength, limit, errorCode))
+        return FALSE;
+    m_iSystemMngID = readU16(m_pData + COMMON_HEADER_LENGTH);
+    const U32 infoLength = dataLength - kInfoOffset;
+    // The size is kept in 8 bits, as its getter reports it.
+    m_iAdditionalIdentInfoSize = static_cast<U8>(infoLength & 0xFF);
+    if (infoLength != 0) {
+        m_pAdditionalIdentInfo = new VURO_U8[infoLength];
+        std::memcpy(m_pAdditionalIdentInfo, m_pData + kInfoOffset, infoLength);
+    }
+    parsedLength = dataLength - COMMON_HEADER_LENGTH;
+    return TRUE;
+}
+
+} // namespace Vuro

@@ -1,0 +1,287 @@
+// The simple stream and content-protection descriptors: fixed fields and
+// owned byte blocks.
+#include <gtest/gtest.h>
+
+#include <descriptors/TAVCVideoDescriptor.h>
+#include <descriptors/TCAIdentifierDescriptor.h>
+#include <descriptors/TCarouselCompatibleCompositeDescriptor.h>
+#include <descriptors/TCarouselIdentifierDescriptor.h>
+#include <descriptors/TConditionalPlaybackDescriptor.h>
+#include <descriptors/TContentAvailabilityDescriptor.h>
+#include <descriptors/TCopyrightDescriptor.h>
+#include <descriptors/TDataComponentDescriptor.h>
+#include <descriptors/THierarchicalTransmissionDescriptor.h>
+#include <descriptors/TISO639LanguageDescriptor.h>
+#include <descriptors/TStreamIdentifierDescriptor.h>
+#include <descriptors/TTargetRegionDescriptor.h>
+#include <descriptors/TVideoDecodeControlDescriptor.h>
+
+#include "../support/LogCapture.h"
+#include "StreamDescriptorTestSupport.h"
+
+using namespace Vuro;
+using namespace VuroTest;
+
+namespace {
+
+// A body one byte under the minimum fails in the header check; a descriptor
+// of another tag too. Both allocate nothing.
+template <class D>
+void expectHeaderChecked(U32 minimum, U8 tag)
+{
+    EXPECT_EQ(D::MINIMUM_DESCRIPTOR_LENGTH, minimum);
+    EXPECT_EQ(D::DESCRIPTOR_TAG, tag);
+    if (minimum > 0) {
+        Parsed<D> shortBody(Bytes(minimum - 1, 0x00));
+        EXPECT_EQ(shortBody.object, nullptr);
+        EXPECT_EQ(shortBody.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    }
+    ExactBuffer other(descriptor(static_cast<U8>(tag + 1), Bytes(minimum + 4, 0x00)));
+    U16 code = 0;
+    EXPECT_EQ(D::parse(other.data(), other.size(), nullptr, &code), nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG);
+}
+
+// The descriptor's own length runs past the buffer the outermost parse was
+// handed: only the first `keep` bytes exist. The parse fails with the
+// descriptor-length code instead of reading on.
+template <class D>
+void expectStopsAtBufferEnd(const Bytes& body, U32 keep)
+{
+    const Bytes whole = descriptor(D::DESCRIPTOR_TAG, body);
+    ExactBuffer data(Bytes(whole.begin(), whole.begin() + keep));
+    U16 code = 0;
+    EXPECT_EQ(D::parse(data.data(), static_cast<U32>(whole.size()), nullptr, &code, data.data() + keep), nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+}
+
+} // namespace
+
+TEST(StreamDescriptors, TagsMinimumsAndHeaderCheck)
+{
+    LogCapture log;
+    expectHeaderChecked<TCAIdentifierDescriptor>(2, 0x53);
+    expectHeaderChecked<TContentAvailabilityDescriptor>(1, 0xDE);
+    expectHeaderChecked<TCopyrightDescriptor>(3, 0x0D);
+    expectHeaderChecked<TStreamIdentifierDescriptor>(1, 0x52);
+    expectHeaderChecked<THierarchicalTransmissionDescriptor>(3, 0xC0);
+    expectHeaderChecked<TDataComponentDescriptor>(2, 0xFD);
+    expectHeaderChecked<TTargetRegionDescriptor>(1, 0xC6);
+    expectHeaderChecked<TVideoDecodeControlDescriptor>(1, 0xC8);
+    expectHeaderChecked<TConditionalPlaybackDescriptor>(4, 0xF8);
+    expectHeaderChecked<TAVCVideoDescriptor>(4, 0x28);
+    expectHeaderChecked<TCarouselIdentifierDescriptor>(4, 0x13);
+    expectHeaderChecked<TISO639LanguageDescriptor>(2, 0x0A);
+    expectHeaderChecked<TCarouselCompatibleCompositeDescriptor>(4, 0xF7);
+}
+
+TEST(StreamDescriptors, CAIdentifierKeepsWholeIdsOnly)
+{
+    LogCapture log;
+    // Two CA systems and an odd trailing byte: descriptor_length 5.
+    Parsed<TCAIdentifierDescriptor> d({0x05, 0x01, 0x0B, 0x00, 0xFF});
+    ASSERT_NE(d.object, nullptr);
+    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
+    EXPECT_EQ(d.parsedLength, 5u);
+    ASSERT_EQ(d.object->getCASystemIDCount(), 2);
+    EXPECT_EQ(d.object->getCASystemIDs()[0], 0x0501);
+    EXPECT_EQ(d.object->getCASystemIDs()[1], 0x0B00);
+    EXPECT_EQ(d.object->getData(), d.data.data());
+    EXPECT_NO_LOG(log);
+}
+
+TEST(StreamDescriptors, ContentAvailabilityFlagsAreInverted)
+{
+    Parsed<TContentAvailabilityDescriptor> clear({0x00});
+    ASSERT_NE(clear.object, nullptr);
+    EXPECT_EQ(clear.parsedLength, 3u); // the whole dataLength
+    EXPECT_EQ(clear.object->isImageConstraintToken(), TRUE);
+    EXPECT_EQ(clear.object->isRetentionMode(), TRUE);
+    EXPECT_EQ(clear.object->isEncryptionMode(), TRUE);
+    EXPECT_EQ(clear.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_NO_LIMIT);
+
+    Parsed<TContentAvailabilityDescriptor> set({0xFF});
+    EXPECT_EQ(set.object->isImageConstraintToken(), FALSE);
+    EXPECT_EQ(set.object->isRetentionMode(), FALSE);
+    EXPECT_EQ(set.object->isEncryptionMode(), FALSE);
+    EXPECT_EQ(set.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_1_HALF_HOUR);
+
+    // Token bit clear, mode bit set, state 5, encryption bit clear.
+    Parsed<TContentAvailabilityDescriptor> mixed({0xDA});
+    EXPECT_EQ(mixed.object->isImageConstraintToken(), TRUE);
+    EXPECT_EQ(mixed.object->isRetentionMode(), FALSE);
+    EXPECT_EQ(mixed.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_6_HOURS);
+    EXPECT_EQ(mixed.object->isEncryptionMode(), TRUE);
+}
+
+TEST(StreamDescriptors, CopyrightReadsTheHierarchicalLayout)
+{
+    Parsed<TCopyrightDescriptor> copyright({0xFF, 0xE1, 0x23, 0x77});
+    ASSERT_NE(copyright.object, nullptr);
+    EXPECT_EQ(copyright.parsedLength, 3u);
+    EXPECT_EQ(copyright.object->getHierarchicalLevel(), 1);
+    EXPECT_EQ(copyright.object->getReferencePID(), 0x0123);
+
+    Parsed<THierarchicalTransmissionDescriptor> hierarchy({0xFE, 0xFF, 0xFF});
+    ASSERT_NE(hierarchy.object, nullptr);
+    EXPECT_EQ(hierarchy.parsedLength, 3u);
+    EXPECT_EQ(hierarchy.object->getQualityLevel(), 0);
+    EXPECT_EQ(hierarchy.object->getReferencePID(), 0x1FFF);
+}
+
+TEST(StreamDescriptors, StreamIdentifierAndVideoDecodeControl)
+{
+    Parsed<TStreamIdentifierDescriptor> stream({0x81});
+    ASSERT_NE(stream.object, nullptr);
+    EXPECT_EQ(stream.parsedLength, 1u);
+    EXPECT_EQ(stream.object->getComponentTag(), 0x81);
+
+    // 480i (format 4) with the sequence end code: bit 0x10 is outside the mask.
+    Parsed<TVideoDecodeControlDescriptor> i480({0x50});
+    ASSERT_NE(i480.object, nullptr);
+    EXPECT_EQ(i480.parsedLength, 1u);
+    EXPECT_EQ(i480.object->isStillPicture(), FALSE);
+    EXPECT_EQ(i480.object->isSequenceEndCode(), TRUE);
+    EXPECT_EQ(i480.object->getVideoEncodeFormat(), TVideoDecodeControlDescriptor::VIDEO_ENCODE_FORMAT_1080P);
+    Parsed<TVideoDecodeControlDescriptor> p480({0x8F});
+    EXPECT_EQ(p480.object->isStillPicture(), TRUE);
+    EXPECT_EQ(p480.object->getVideoEncodeFormat(), TVideoDecodeControlDescriptor::VIDEO_ENCODE_FORMAT_480P);
+    Parsed<TVideoDecodeControlDescriptor> p120({0x18}); // format 6
+    EXPECT_EQ(p120.object->getVideoEncodeFormat(), TVideoDecodeControlDescriptor::VIDEO_ENCODE_FORMAT_720P);
+}
+
+TEST(StreamDescriptors, AVCVideo)
+{
+    // High profile, level 4.0, no still pictures; then every flag set.
+    Parsed<TAVCVideoDescriptor> high({0x64, 0x00, 0x28, 0x3F});
+    ASSERT_NE(high.object, nullptr);
+    EXPECT_EQ(high.parsedLength, 4u);
+    EXPECT_EQ(high.object->getProfileIDC(), 0x64);
+    EXPECT_EQ(high.object->isConstraintSet0(), FALSE);
+    EXPECT_EQ(high.object->getLevelIDC(), 0x28);
+    EXPECT_EQ(high.object->isAVCStillPresent(), FALSE);
+    EXPECT_EQ(high.object->isAVC24HourPicture(), FALSE);
+
+    Parsed<TAVCVideoDescriptor> flags({0x42, 0xE5, 0x1E, 0xC0});
+    EXPECT_EQ(flags.object->isConstraintSet0(), TRUE);
+    EXPECT_EQ(flags.object->isConstraintSet1(), TRUE);
+    EXPECT_EQ(flags.object->isConstraintSet2(), TRUE);
+    EXPECT_EQ(flags.object->getAVCCompatibleFlags(), 0x05);
+    EXPECT_EQ(flags.object->isAVCStillPresent(), TRUE);
+    EXPECT_EQ(flags.object->isAVC24HourPicture(), TRUE);
+}
+
+TEST(StreamDescriptors, ByteBlocksAreOwnedCopies)
+{
+    LogCapture log;
+    Parsed<TDataComponentDescriptor> data({0x00, 0x0C, 0x01, 0x02, 0x03});
+    ASSERT_NE(data.object, nullptr);
+    EXPECT_EQ(data.parsedLength, 5u);
+    EXPECT_EQ(data.object->getDataComponentID(), TDataComponentDescriptor::COMPONENT_ID_OBJECT_CAROUSEL);
+    EXPECT_EQ(block(data.object->getAdditionalData(), data.object->getAdditionalDataSize()), "\x01\x02\x03");
+    EXPECT_NE(data.object->getAdditionalData(), data.data.data() + 4);
+    Parsed<TDataComponentDescriptor> bare({0x00, 0x12});
+    EXPECT_EQ(bare.object->getAdditionalDataSize(), 0);
+    EXPECT_EQ(bare.object->getAdditionalData(), nullptr);
+
+    Parsed<TTargetRegionDescriptor> region({0x01, 'S', 'P'});
+    ASSERT_NE(region.object, nullptr);
+    EXPECT_EQ(region.parsedLength, 3u);
+    EXPECT_EQ(region.object->getRegionSpecType(), 1);
+    EXPECT_EQ(block(region.object->getSpecData(), region.object->getSpecSize()), "SP");
+
+    Parsed<TConditionalPlaybackDescriptor> playback({0x05, 0x01, 0xE1, 0x00, 0xAA, 0xBB});
+    ASSERT_NE(playback.object, nullptr);
+    EXPECT_EQ(playback.parsedLength, 6u);
+    EXPECT_EQ(playback.object->getCASystemID(), 0x0501);
+    EXPECT_EQ(playback.object->getCAPID(), 0x0100);
+    EXPECT_EQ(block(playback.object->getPrivateData(), playback.object->getPrivateDataSize()), "\xAA\xBB");
+    EXPECT_NO_LOG(log);
+}
+
+TEST(StreamDescriptors, ByteBlockSizeIsKeptInEightBits)
+{
+    // Decoded on its own with dataLength past descriptor_length: the body is
+    // walked to the end of dataLength, 256 bytes of additional data.
+    Bytes bytes = descriptor(0xFD, {0x00, 0x09});
+    bytes.resize(2 + 2 + 256, 0x5A);
+    ExactBuffer data(bytes);
+    std::unique_ptr<TDataComponentDescriptor> d(TDataComponentDescriptor::parse(data.data(), data.size(), nullptr,
+                                                                                nullptr));
+    ASSERT_NE(d, nullptr);
+    EXPECT_EQ(d->getAdditionalDataSize(), 0);
+    ASSERT_NE(d->getAdditionalData(), nullptr);
+    EXPECT_EQ(d->getAdditionalData()[255], 0x5A);
+}
+
+TEST(StreamDescriptors, CarouselIdentifierKeepsEverythingAfterTheIdAsPrivateData)
+{
+    // carousel_id 1, then FormatID 1 (service gateway) and three more bytes.
+    Parsed<TCarouselIdentifierDescriptor> d({0x00, 0x00, 0x00, 0x01, 0x01, 0x02, 0x03, 0x04});
+    ASSERT_NE(d.object, nullptr);
+    EXPECT_EQ(d.data.size(), 10u);
+    EXPECT_EQ(d.parsedLength, 8u);
+    EXPECT_EQ(d.object->getCarouselID(), 1u);
+    EXPECT_EQ(block(d.object->getPrivateData(), d.object->getPrivateDataSize()), "\x01\x02\x03\x04");
+    EXPECT_EQ(d.object->getFormatID(), TCarouselIdentifierDescriptor::FORMAT_TYPE_NOT_AVAILABLE);
+    EXPECT_EQ(d.object->getModuleSize(), 0u);
+    EXPECT_EQ(d.object->getObjectKeyLength(), 0);
+    EXPECT_EQ(d.object->getObjectKeyData(), nullptr);
+}
+
+TEST(StreamDescriptors, CarouselCompatibleCompositeIsNotDecoded)
+{
+    LogCapture log;
+    Parsed<TCarouselCompatibleCompositeDescriptor> d({0x01, 0x02, 0x03, 0x04, 0x05});
+    ASSERT_NE(d.object, nullptr);
+    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
+    EXPECT_EQ(d.parsedLength, 7u);
+    EXPECT_WARNINGS(log, "ISDBTUtils: TCarouselCompatibleCompositeDescriptor::parse: TODO: Descriptor not "
+                         "implemented yet. If you really need this descriptor, please contact support.");
+}
+
+TEST(StreamDescriptors, ISO639LanguageKeepsTheFirstCodeAndWritesNoLength)
+{
+    LogCapture log;
+    Parsed<TISO639LanguageDescriptor> d({'p', 'o', 'r', 0x00, 'e', 'n', 'g', 0x03});
+    ASSERT_NE(d.object, nullptr);
+    EXPECT_EQ(d.object->getLanguageCode(), "por");
+    EXPECT_EQ(d.parsedLength, 0xDEADu);
+    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
+    EXPECT_NO_LOG(log);
+
+    Parsed<TISO639LanguageDescriptor> twoBytes({'p', 'o'});
+    EXPECT_EQ(twoBytes.object, nullptr);
+    EXPECT_EQ(twoBytes.code, TISDBTTable::ERROR_INVALID_STRING);
+    EXPECT_WARNINGS(log,
+                    "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 3 > 2. "
+                    "Aborting!",
+                    "ISDBTUtils: TISO639LanguageDescriptor:: parse: ERROR: parsing Language Code. Aborting!");
+}
+
+TEST(StreamDescriptors, ReadsStopAtTheEndOfTheOutermostBuffer)
+{
+    LogCapture log;
+    expectStopsAtBufferEnd<TStreamIdentifierDescriptor>({0x81}, 2);
+    expectStopsAtBufferEnd<TContentAvailabilityDescriptor>({0x00}, 2);
+    expectStopsAtBufferEnd<TCopyrightDescriptor>({0x01, 0xE1, 0x23}, 4);
+    expectStopsAtBufferEnd<THierarchicalTransmissionDescriptor>({0x01, 0xE1, 0x23}, 4);
+    expectStopsAtBufferEnd<TVideoDecodeControlDescriptor>({0x50}, 2);
+    expectStopsAtBufferEnd<TAVCVideoDescriptor>({0x64, 0x00, 0x28, 0x3F}, 5);
+    expectStopsAtBufferEnd<TCAIdentifierDescriptor>({0x05, 0x01, 0x0B, 0x00}, 5);
+    expectStopsAtBufferEnd<TDataComponentDescriptor>({0x00, 0x0C, 0x01, 0x02}, 5);
+    expectStopsAtBufferEnd<TTargetRegionDescriptor>({0x01, 'S', 'P'}, 4);
+    expectStopsAtBufferEnd<TConditionalPlaybackDescriptor>({0x05, 0x01, 0xE1, 0x00, 0xAA}, 6);
+    expectStopsAtBufferEnd<TCarouselIdentifierDescriptor>({0x00, 0x00, 0x00, 0x01, 0x01}, 6);
+    expectStopsAtBufferEnd<TISO639LanguageDescriptor>({'p', 'o', 'r', 0x00}, 4);
+    EXPECT_NO_LOG(log);
+
+    // Inside a larger section the same descriptor decodes as on its own.
+    ExactBuffer section(concat({descriptor(0xF8, {0x05, 0x01, 0xE1, 0x00, 0xAA}), {0x52, 0x01, 0x30}}));
+    U32 parsed = 0;
+    std::unique_ptr<TConditionalPlaybackDescriptor> d(
+        TConditionalPlaybackDescriptor::parse(section.data(), 7, &parsed, nullptr, section.data() + section.size()));
+    ASSERT_NE(d, nullptr);
+    EXPECT_EQ(parsed, 5u);
+    EXPECT_EQ(block(d->getPrivateData(), d->getPrivateDataSize()), "\xAA");
+}
