@@ -9,6 +9,8 @@
 namespace VuroTools {
 
 std::unique_ptr<TableHandler> makePatHandler();
+std::unique_ptr<TableHandler> makeNitHandler();
+std::unique_ptr<TableHandler> makeTotHandler();
 // Further tables: one make<Table>Handler() each, listed in makeTableHandlers().
 
 } // namespace VuroTools
