@@ -51,10 +51,17 @@ public:
     virtual void announce(const Vuro::TISDBTTable&, PidAnnouncements&) const {}
 };
 
-// The typed side of a handler: T is the table class.
+// The typed side of a handler: T is the table class, named and routed by
+// the handler's role and the one table_id it takes.
 template <class T>
 class TableHandlerOf : public TableHandler {
 public:
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId) : m_name(name), m_role(role), m_tableId(tableId)
+    {
+    }
+    const char* name() const final { return m_name; }
+    PidRole role() const final { return m_role; }
+    bool accepts(std::uint8_t tableId) const final { return tableId == m_tableId; }
     Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
                              Vuro::U16* errorCode) const final
     {
@@ -73,6 +80,11 @@ protected:
     virtual T* parseTable(Vuro::U8* section, Vuro::U32 length, T* previous, Vuro::U16* errorCode) const = 0;
     virtual void printTable(const T& table, TreeOut& out) const = 0;
     virtual void announceFrom(const T&, PidAnnouncements&) const {}
+
+private:
+    const char* m_name;
+    PidRole m_role;
+    std::uint8_t m_tableId;
 };
 
 // The long section header every versioned table shares; extensionName

@@ -11,9 +11,7 @@ namespace {
 
 class NitHandler : public TableHandlerOf<TNITTable> {
 public:
-    const char* name() const override { return "NIT"; }
-    PidRole role() const override { return ROLE_NIT; }
-    bool accepts(std::uint8_t tableId) const override { return tableId == 0x40; }
+    NitHandler() : TableHandlerOf("NIT", ROLE_NIT, 0x40) {}
 
 protected:
     TNITTable* parseTable(U8* section, U32 length, TNITTable* previous, U16* errorCode) const override

@@ -9,9 +9,7 @@ namespace {
 
 class PatHandler : public TableHandlerOf<TPATTable> {
 public:
-    const char* name() const override { return "PAT"; }
-    PidRole role() const override { return ROLE_PAT; }
-    bool accepts(std::uint8_t tableId) const override { return tableId == 0x00; }
+    PatHandler() : TableHandlerOf("PAT", ROLE_PAT, 0x00) {}
 
 protected:
     TPATTable* parseTable(U8* section, U32 length, TPATTable* previous, U16* errorCode) const override

@@ -11,7 +11,11 @@ namespace VuroTools {
 std::unique_ptr<TableHandler> makePatHandler();
 std::unique_ptr<TableHandler> makeNitHandler();
 std::unique_ptr<TableHandler> makeTotHandler();
-// Further tables: one make<Table>Handler() each, listed in makeTableHandlers().
+// A further table (PMT, SDT, EIT, ...) joins with a unit tables/<Table>Handler.cpp
+// deriving TableHandlerOf<T> (its parse call with the class's flag order, its
+// printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
+// from a PMT), a make<Table>Handler() declared here and one line in
+// makeTableHandlers(). Descriptors print through DescriptorPrinter.
 
 } // namespace VuroTools
 

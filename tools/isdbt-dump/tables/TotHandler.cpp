@@ -12,9 +12,7 @@ namespace {
 
 class TotHandler : public TableHandlerOf<TTOTTable> {
 public:
-    const char* name() const override { return "TOT"; }
-    PidRole role() const override { return ROLE_TOT; }
-    bool accepts(std::uint8_t tableId) const override { return tableId == 0x73; }
+    TotHandler() : TableHandlerOf("TOT", ROLE_TOT, 0x73) {}
 
 protected:
     TTOTTable* parseTable(U8* section, U32 length, TTOTTable* previous, U16* errorCode) const override
