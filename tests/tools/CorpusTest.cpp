@@ -1,0 +1,141 @@
+// Real captures from the shared corpus, when it is present beside the
+// project: every section the dump routes is parsed, found unchanged, refused
+// with a code or counted as not decoded, and the counts match the sections
+// in the files.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <string>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "Dumper.h"
+#include "Names.h"
+
+using namespace VuroTools;
+
+namespace {
+
+std::string corpusDir()
+{
+    if (const char* dir = std::getenv("VURO_CORPUS_DIR"))
+        return dir;
+    for (const std::string& dir : {std::string(PROJECT_ROOT) + "/../shared/corpus",
+                                  std::string(PROJECT_ROOT) + "/../../shared/corpus"}) {
+        struct stat info {};
+        if (::stat(dir.c_str(), &info) == 0 && S_ISDIR(info.st_mode))
+            return dir;
+    }
+    return {};
+}
+
+// Sections the dump routes in each file: the counts of the corpus notes,
+// less what a receiver cannot see (PMTs of a capture without a PAT, a PMT
+// sent before the PAT, tables on PIDs no table announces).
+const std::map<std::string, std::uint64_t> kSections = {
+    {"EPG_new/TestPacket_EIT.ts", 263},
+    {"EPG_new/TestPacket_1000P.ts", 7},
+    {"EPG_new/TestPacket_SDT.ts", 32},
+    {"EPG_new/sections.bin", 11},
+    {"ariblib/tokyomx-pat-pmt-nit-sdt.ts", 4},
+    {"nak1114-ariblib/test_aa.ts", 1},
+    {"sedec-2.0-java/pat_dump_0.bin", 1},
+    {"sedec-2.0-java/cat_dump_0.bin", 1},
+    {"sedec-2.0-java/pmt_dump_0.bin", 1},
+    {"tsduck/japanese-tables.bin", 2},
+    {"tsduck-test/test-062.tstables.bin", 12},
+    {"tsduck-test/test-165.tstables.bin", 10},
+    {"tsduck-test/test-170.tstables.bin", 8},
+    {"tsduck-test/test-171.11.ts", 3},
+    {"tsduck-test/test-171.1.ts", 0},
+    {"tsduck-test/test-101.ts", 8},
+    {"tsduck-test/test-181.ts", 0},
+    {"tsduck-test/test-186.1.ts", 0},
+    {"tsduck-test/test-186.2.ts", 0},
+    {"tsduck-test/test-208.1.ts", 1},
+    {"tsduck-test/test-208.2.ts", 1},
+};
+
+// Independent count of a file of back-to-back sections.
+std::uint64_t countSections(const std::string& data)
+{
+    std::uint64_t count = 0;
+    for (std::size_t at = 0; at + 3 <= data.size(); ++count)
+        at += 3 + (((static_cast<unsigned char>(data[at + 1]) & 0x0F) << 8) | static_cast<unsigned char>(data[at + 2]));
+    return count;
+}
+
+void checkCounts(const Dumper& dumper, const std::string& name, bool freshParses)
+{
+    std::uint64_t seen = 0;
+    for (const auto& entry : dumper.counts()) {
+        const TableCounts& c = entry.second;
+        seen += c.seen;
+        EXPECT_EQ(c.parsed + c.unchanged + c.refusedTotal() + c.crcErrors + c.notDecoded, c.seen) << name;
+        EXPECT_EQ(c.crcErrors, 0u) << name; // every section of the corpus has a correct CRC_32
+        for (const auto& refusal : c.refused) {
+            if (freshParses) {
+                EXPECT_NE(errorCodeName(refusal.first), nullptr) << name << " code " << refusal.first;
+            }
+        }
+    }
+    EXPECT_EQ(seen, dumper.sections()) << name;
+    const auto expected = kSections.find(name);
+    if (expected != kSections.end()) {
+        EXPECT_EQ(seen, expected->second) << name;
+    }
+}
+
+TEST(CorpusTest, EverySectionIsAccountedFor)
+{
+    const std::string dir = corpusDir();
+    if (dir.empty())
+        GTEST_SKIP() << "no corpus beside the project (set VURO_CORPUS_DIR)";
+    std::size_t files = 0;
+    for (const auto& entry : kSections) {
+        const std::string path = dir + "/" + entry.first;
+        std::ifstream in(path, std::ios::binary);
+        if (!in)
+            continue;
+        ++files;
+        std::ostringstream bytes;
+        bytes << in.rdbuf();
+        std::string data = bytes.str();
+        const bool sections = path.size() > 4 && path.compare(path.size() - 4, 4, ".bin") == 0;
+        for (bool all : {false, true}) {
+            std::FILE* out = std::fopen("/dev/null", "w");
+            DumpOptions options;
+            options.all = all;
+            options.verbose = true;
+            Dumper dumper(options, out);
+            if (sections) {
+                EXPECT_EQ(countSections(data), entry.second) << entry.first;
+                std::string error;
+                EXPECT_TRUE(dumper.readSections(reinterpret_cast<std::uint8_t*>(&data[0]), data.size(), error))
+                    << entry.first << ": " << error;
+                dumper.writeSummary(nullptr, nullptr);
+            } else {
+                const int fd = ::open(path.c_str(), O_RDONLY);
+                ASSERT_GE(fd, 0);
+                SectionDemux demux(dumper);
+                dumper.attach(demux);
+                TsReader reader(fd);
+                EXPECT_TRUE(reader.run(demux)) << entry.first << ": " << reader.error();
+                EXPECT_EQ(reader.report().trailingBytes, 0u);
+                EXPECT_EQ(reader.report().syncLosses, 0u);
+                dumper.writeSummary(&reader.report(), &demux);
+                ::close(fd);
+            }
+            checkCounts(dumper, entry.first, all);
+            std::fclose(out);
+        }
+    }
+    EXPECT_GT(files, 0u);
+}
+
+} // namespace

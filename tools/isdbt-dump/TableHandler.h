@@ -1,0 +1,102 @@
+// One unit per table class: how the dump parses a section of that table,
+// prints the result and learns PIDs from it. A table joins the dump by
+// adding its handler to makeTableHandlers() (TableHandlers.cpp).
+#ifndef VURO_TOOLS_TABLE_HANDLER_H
+#define VURO_TOOLS_TABLE_HANDLER_H
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include <VuroISDBT.h>
+
+#include "TreeOut.h"
+
+namespace VuroTools {
+
+// What a PID carries, as a receiver learns it: fixed PIDs, the PAT, the PMTs.
+enum PidRole : std::uint16_t {
+    ROLE_PAT = 1 << 0,
+    ROLE_PMT = 1 << 1,
+    ROLE_NIT = 1 << 2,
+    ROLE_SDT = 1 << 3,
+    ROLE_EIT = 1 << 4,
+    ROLE_TOT = 1 << 5,
+    ROLE_SDTT = 1 << 6,
+    ROLE_AIT = 1 << 7,
+    ROLE_DSMCC = 1 << 8,
+    ROLE_ANY = 0xFFFF
+};
+
+// The router's side: a table that announces where other tables are.
+class PidAnnouncements {
+public:
+    virtual ~PidAnnouncements() = default;
+    virtual void announce(std::uint16_t pid, PidRole role) = 0;
+};
+
+class TableHandler {
+public:
+    virtual ~TableHandler() = default;
+
+    virtual const char* name() const = 0;
+    virtual PidRole role() const = 0;
+    virtual bool accepts(std::uint8_t tableId) const = 0;
+
+    // The table's static parse with its own flag order; previous is this
+    // handler's last table on the PID (or null).
+    virtual Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
+                                     Vuro::U16* errorCode) const = 0;
+    virtual void print(const Vuro::TISDBTTable& table, TreeOut& out) const = 0;
+    virtual void announce(const Vuro::TISDBTTable&, PidAnnouncements&) const {}
+};
+
+// The typed side of a handler: T is the table class, named and routed by
+// the handler's role and the one table_id it takes.
+template <class T>
+class TableHandlerOf : public TableHandler {
+public:
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId) : m_name(name), m_role(role), m_tableId(tableId)
+    {
+    }
+    const char* name() const final { return m_name; }
+    PidRole role() const final { return m_role; }
+    bool accepts(std::uint8_t tableId) const final { return tableId == m_tableId; }
+    Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
+                             Vuro::U16* errorCode) const final
+    {
+        return parseTable(section, length, static_cast<T*>(previous), errorCode);
+    }
+    void print(const Vuro::TISDBTTable& table, TreeOut& out) const final
+    {
+        printTable(static_cast<const T&>(table), out);
+    }
+    void announce(const Vuro::TISDBTTable& table, PidAnnouncements& router) const final
+    {
+        announceFrom(static_cast<const T&>(table), router);
+    }
+
+protected:
+    virtual T* parseTable(Vuro::U8* section, Vuro::U32 length, T* previous, Vuro::U16* errorCode) const = 0;
+    virtual void printTable(const T& table, TreeOut& out) const = 0;
+    virtual void announceFrom(const T&, PidAnnouncements&) const {}
+
+private:
+    const char* m_name;
+    PidRole m_role;
+    std::uint8_t m_tableId;
+};
+
+// The long section header every versioned table shares; extensionName
+// names the table_id_extension ("transport_stream_id", ...).
+void printVersionedHeader(const Vuro::TISDBTVersionedTable& table, const char* extensionName, TreeOut& out);
+
+// Descriptors the printers do not know field by field: tag and raw bytes.
+void printRawDescriptor(const Vuro::TISDBTDescriptor& descriptor, TreeOut& out);
+
+// Every table the dump decodes.
+std::vector<std::unique_ptr<TableHandler>> makeTableHandlers();
+
+} // namespace VuroTools
+
+#endif

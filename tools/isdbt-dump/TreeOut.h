@@ -1,0 +1,57 @@
+// Where the table printers write: one interface, an indented text tree for
+// people and one JSON object per line for programs. Printers describe a
+// record once; the two writers lay it out.
+#ifndef VURO_TOOLS_TREE_OUT_H
+#define VURO_TOOLS_TREE_OUT_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace VuroTools {
+
+class TreeOut {
+public:
+    virtual ~TreeOut() = default;
+
+    // One record (a table, a refused section, the summary). The title heads
+    // the record in the text tree; JSON records carry their fields only.
+    virtual void beginRecord(const std::string& title) = 0;
+    virtual void endRecord() = 0;
+
+    // Nested groups: an object under a key, a list under a key, and the
+    // items of a list (the title names the item in the text tree). Each
+    // begin is closed by end().
+    virtual void beginObject(const char* key) = 0;
+    virtual void beginList(const char* key) = 0;
+    virtual void beginItem(const std::string& title) = 0;
+    virtual void end() = 0;
+
+    virtual void number(const char* key, std::int64_t value) = 0;
+    // A number shown in hexadecimal with the given digits in the text tree.
+    virtual void hex(const char* key, std::uint64_t value, int digits) = 0;
+    virtual void flag(const char* key, bool value) = 0;
+    // Text as the broadcast sends it: raw bytes, shown as Latin-1 (the
+    // coding Brazilian broadcasters use) with control bytes escaped.
+    virtual void text(const char* key, const std::string& bytes) = 0;
+    // Plain text of the tool itself (names, log lines).
+    virtual void label(const char* key, const std::string& value) = 0;
+    // A code and what broadcast syntax calls it (name may be null).
+    virtual void named(const char* key, std::uint64_t value, int digits, const char* name) = 0;
+    virtual void bytes(const char* key, const std::uint8_t* data, std::size_t size) = 0;
+    // An element of a list of plain values.
+    virtual void value(const std::string& value) = 0;
+};
+
+// Latin-1 bytes as UTF-8, control bytes written as \xNN.
+std::string displayText(const std::string& bytes);
+
+std::unique_ptr<TreeOut> makeTextOut(std::FILE* file);
+std::unique_ptr<TreeOut> makeJsonOut(std::FILE* file);
+
+} // namespace VuroTools
+
+#endif

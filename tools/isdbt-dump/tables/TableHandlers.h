@@ -1,0 +1,22 @@
+// The handler units, one per table class.
+#ifndef VURO_TOOLS_TABLE_HANDLERS_H
+#define VURO_TOOLS_TABLE_HANDLERS_H
+
+#include <cstdio>
+
+#include "../TableHandler.h"
+
+namespace VuroTools {
+
+std::unique_ptr<TableHandler> makePatHandler();
+std::unique_ptr<TableHandler> makeNitHandler();
+std::unique_ptr<TableHandler> makeTotHandler();
+// A further table (PMT, SDT, EIT, ...) joins with a unit tables/<Table>Handler.cpp
+// deriving TableHandlerOf<T> (its parse call with the class's flag order, its
+// printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
+// from a PMT), a make<Table>Handler() declared here and one line in
+// makeTableHandlers(). Descriptors print through DescriptorPrinter.
+
+} // namespace VuroTools
+
+#endif

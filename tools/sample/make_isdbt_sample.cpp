@@ -1,0 +1,446 @@
+// Writes a small ISDB-Tb transport stream byte by byte, without the section
+// library: a terrestrial multiplex with one full-seg and one one-seg service
+// (PAT, two PMTs, NIT, SDT, TOT, video, audio and null packets). Sections of
+// the NIT and SDT PIDs are packed back to back, so that sections share
+// packets and span packet boundaries as they do on air.
+//
+//   make-isdbt-sample OUTPUT [--cycles N] [--video-packets K] [--packet-size 188|192|204]
+//
+// A cycle repeats every table; the SDT gets a new version (a renamed
+// service) from the third cycle on. Many cycles with many video packets make
+// a large capture for throughput measurements.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+// MPEG-2 CRC-32, bit by bit.
+std::uint32_t crc32(const Bytes& data)
+{
+    std::uint32_t crc = 0xFFFFFFFFu;
+    for (std::uint8_t byte : data) {
+        crc ^= static_cast<std::uint32_t>(byte) << 24;
+        for (int bit = 0; bit < 8; ++bit)
+            crc = (crc & 0x80000000u) ? (crc << 1) ^ 0x04C11DB7u : crc << 1;
+    }
+    return crc;
+}
+
+void put16(Bytes& out, unsigned value)
+{
+    out.push_back(static_cast<std::uint8_t>(value >> 8));
+    out.push_back(static_cast<std::uint8_t>(value));
+}
+
+void append(Bytes& out, const Bytes& more)
+{
+    for (std::uint8_t byte : more)
+        out.push_back(byte);
+}
+
+Bytes text(const char* value) { return Bytes(value, value + std::strlen(value)); }
+
+Bytes descriptor(std::uint8_t tag, const Bytes& body)
+{
+    Bytes out{tag, static_cast<std::uint8_t>(body.size())};
+    append(out, body);
+    return out;
+}
+
+// 4 reserved bits and a 12-bit length before the loop.
+Bytes loop(const Bytes& body)
+{
+    Bytes out;
+    put16(out, 0xF000 | static_cast<unsigned>(body.size()));
+    append(out, body);
+    return out;
+}
+
+// Long-header section: section_length, the header fields, the body, CRC_32.
+Bytes longSection(std::uint8_t tableId, unsigned extension, unsigned version, const Bytes& body)
+{
+    Bytes out{tableId};
+    put16(out, 0xB000 | static_cast<unsigned>(5 + body.size() + 4));
+    put16(out, extension);
+    out.push_back(static_cast<std::uint8_t>(0xC1 | (version << 1))); // current_next_indicator set
+    out.push_back(0x00);                                              // section_number
+    out.push_back(0x00);                                              // last_section_number
+    append(out, body);
+    const std::uint32_t crc = crc32(out);
+    put16(out, crc >> 16);
+    put16(out, crc & 0xFFFF);
+    return out;
+}
+
+constexpr unsigned kTransportStreamId = 0x0640;
+constexpr unsigned kNetworkId = 0x0640;
+constexpr unsigned kFullSeg = 0xE580, kOneSeg = 0xE598;
+constexpr unsigned kFullSegPmtPid = 0x01F0, kOneSegPmtPid = 0x1FC8;
+constexpr unsigned kVideoPid = 0x0111, kAudioPid = 0x0112, kDataPid = 0x0113;
+constexpr unsigned kOneSegVideoPid = 0x0181, kOneSegAudioPid = 0x0183;
+
+Bytes pat()
+{
+    Bytes body;
+    put16(body, 0x0000);
+    put16(body, 0xE000 | 0x0010); // network PID
+    put16(body, kFullSeg);
+    put16(body, 0xE000 | kFullSegPmtPid);
+    put16(body, kOneSeg);
+    put16(body, 0xE000 | kOneSegPmtPid);
+    return longSection(0x00, kTransportStreamId, 0, body);
+}
+
+Bytes stream(std::uint8_t type, unsigned pid, const Bytes& descriptors)
+{
+    Bytes out{type};
+    put16(out, 0xE000 | pid);
+    append(out, loop(descriptors));
+    return out;
+}
+
+Bytes fullSegPmt()
+{
+    Bytes body;
+    put16(body, 0xE000 | kVideoPid); // PCR_PID
+    // digital copy control (copy free) and content availability.
+    append(body, loop({0xC1, 0x01, 0x08, 0xDE, 0x01, 0xBF}));
+    // H.264 1080i: stream identifier, AVC video (Main profile, level 4.0), video decode control.
+    append(body, stream(0x1B, kVideoPid,
+                        {0x52, 0x01, 0x00, 0x28, 0x04, 0x4D, 0x40, 0x28, 0x3F, 0xC8, 0x01, 0x4F}));
+    // AAC audio in Portuguese.
+    append(body, stream(0x0F, kAudioPid, {0x52, 0x01, 0x10, 0x0A, 0x04, 'p', 'o', 'r', 0x00}));
+    // Ginga data carousel: stream identifier, data component, carousel identifier.
+    append(body, stream(0x0D, kDataPid,
+                        {0x52, 0x01, 0x40, 0xFD, 0x03, 0x00, 0xA0, 0x33, 0x13, 0x05, 0x00, 0x00, 0x00, 0x01, 0x00}));
+    return longSection(0x02, kFullSeg, 0, body);
+}
+
+Bytes oneSegPmt()
+{
+    Bytes body;
+    put16(body, 0xE000 | kOneSegVideoPid);
+    append(body, loop({}));
+    // H.264 Baseline level 1.3 and AAC audio.
+    append(body, stream(0x1B, kOneSegVideoPid, {0x52, 0x01, 0x81, 0x28, 0x04, 0x42, 0xC0, 0x0D, 0x3F}));
+    append(body, stream(0x0F, kOneSegAudioPid, {0x52, 0x01, 0x83}));
+    return longSection(0x02, kOneSeg, 0, body);
+}
+
+Bytes nit()
+{
+    Bytes network;
+    append(network, descriptor(0x40, text("Vuro Rede Bras\xED" "lia"))); // Latin-1, as broadcast in Brazil
+    append(network, descriptor(0xFE, {0x03, 0x01}));                   // system management: ISDB-T broadcasting
+    Bytes transport;
+    // TS information: remote control key 5, name, layer A carries the one-seg
+    // service, layer B the full-seg one.
+    const Bytes name = text("VURO TV");
+    Bytes tsInfo{0x05, static_cast<std::uint8_t>(name.size() << 2 | 2)};
+    append(tsInfo, name);
+    append(tsInfo, {0x0F, 0x01});
+    put16(tsInfo, kOneSeg);
+    append(tsInfo, {0xAF, 0x01});
+    put16(tsInfo, kFullSeg);
+    append(transport, descriptor(0xCD, tsInfo));
+    // service list: the full-seg television service and the one-seg data service.
+    append(transport, descriptor(0x41, {0xE5, 0x80, 0x01, 0xE5, 0x98, 0xC0}));
+    // terrestrial delivery: area code 0x0F3, guard interval 1/16, mode 3, UHF 29 (563.142857 MHz = 3942/7).
+    append(transport, descriptor(0xFA, {0x0F, 0x36, 0x0F, 0x66}));
+    // partial reception: the one-seg service.
+    append(transport, descriptor(0xFB, {0xE5, 0x98}));
+    Bytes entry;
+    put16(entry, kTransportStreamId);
+    put16(entry, kNetworkId);
+    append(entry, loop(transport));
+    Bytes body = loop(network);
+    append(body, loop(entry));
+    return longSection(0x40, kNetworkId, 0, body);
+}
+
+Bytes service(unsigned id, std::uint8_t type, const char* provider, const char* name)
+{
+    Bytes body{type, static_cast<std::uint8_t>(std::strlen(provider))};
+    append(body, text(provider));
+    body.push_back(static_cast<std::uint8_t>(std::strlen(name)));
+    append(body, text(name));
+    Bytes out;
+    put16(out, id);
+    out.push_back(0xFF); // EIT schedule and present/following flags set
+    const Bytes descriptors = descriptor(0x48, body);
+    put16(out, 0x8000 | static_cast<unsigned>(descriptors.size())); // running, not scrambled
+    append(out, descriptors);
+    return out;
+}
+
+Bytes sdt(unsigned version)
+{
+    Bytes body;
+    put16(body, kNetworkId);
+    body.push_back(0xFF);
+    append(body, service(kFullSeg, 0x01, "Vuro", version ? "Vuro HD Not\xED" "cias" : "Vuro HD"));
+    append(body, service(kOneSeg, 0xC0, "Vuro", "Vuro 1seg"));
+    return longSection(0x42, kTransportStreamId, version, body);
+}
+
+std::uint8_t bcd(unsigned value) { return static_cast<std::uint8_t>((value / 10) << 4 | value % 10); }
+
+Bytes tot(unsigned secondsOfDay)
+{
+    // 2024-08-02 (MJD 60524) in UTC, Brasília time 3 hours behind.
+    Bytes out{0x73, 0x00, 0x00};
+    put16(out, 60524);
+    out.push_back(bcd(secondsOfDay / 3600 % 24));
+    out.push_back(bcd(secondsOfDay / 60 % 60));
+    out.push_back(bcd(secondsOfDay % 60));
+    Bytes offset = text("BRA");
+    offset.push_back(0x03);                         // region 0, polarity 1: behind UTC
+    append(offset, {0x03, 0x00});                   // 03:00
+    append(offset, {0xF0, 0x00, 0x00, 0x00, 0x00}); // time_of_change: none planned
+    append(offset, {0x03, 0x00});                   // next offset, unchanged
+    append(out, loop(descriptor(0x58, offset)));
+    const unsigned sectionLength = static_cast<unsigned>(out.size() - 3 + 4);
+    out[1] = static_cast<std::uint8_t>(0x70 | sectionLength >> 8); // no section syntax, CRC_32 all the same
+    out[2] = static_cast<std::uint8_t>(sectionLength);
+    const std::uint32_t crc = crc32(out);
+    put16(out, crc >> 16);
+    put16(out, crc & 0xFFFF);
+    return out;
+}
+
+class Writer {
+public:
+    Writer(std::FILE* file, unsigned packetSize) : m_file(file), m_packetSize(packetSize) {}
+
+    // One 188-byte packet, wrapped to the unit size: a 4-byte timestamp
+    // before it (192) or 16 bytes of (here zero) parity after it (204).
+    void packet(const std::uint8_t* data)
+    {
+        if (m_packetSize == 192) {
+            const std::uint32_t stamp = m_count * 1000u;
+            const std::uint8_t prefix[4] = {static_cast<std::uint8_t>(stamp >> 24 & 0x3F),
+                                            static_cast<std::uint8_t>(stamp >> 16), static_cast<std::uint8_t>(stamp >> 8),
+                                            static_cast<std::uint8_t>(stamp)};
+            std::fwrite(prefix, 1, 4, m_file);
+        }
+        std::fwrite(data, 1, 188, m_file);
+        if (m_packetSize == 204) {
+            static const std::uint8_t parity[16] = {};
+            std::fwrite(parity, 1, 16, m_file);
+        }
+        ++m_count;
+    }
+
+private:
+    std::FILE* m_file;
+    unsigned m_packetSize;
+    std::uint32_t m_count = 0;
+};
+
+// The sections of one PID, cut into packets. With packing, a packet that a
+// section leaves partly empty waits for the next section of the PID.
+class SectionPid {
+public:
+    SectionPid(unsigned pid, bool packed) : m_pid(pid), m_packed(packed) {}
+
+    void send(Writer& writer, const Bytes& section)
+    {
+        m_starts.push_back(m_pending.size());
+        append(m_pending, section);
+        while (m_pending.size() >= capacity())
+            emit(writer);
+        if (!m_packed)
+            flush(writer);
+    }
+
+    void flush(Writer& writer)
+    {
+        while (!m_pending.empty())
+            emit(writer);
+    }
+
+private:
+    // Payload bytes the next packet takes: one fewer when a section starts in it.
+    std::size_t capacity() const
+    {
+        return (!m_starts.empty() && m_starts.front() < 183) ? 183 : 184;
+    }
+
+    void emit(Writer& writer)
+    {
+        std::uint8_t packet[188];
+        std::memset(packet, 0xFF, sizeof packet);
+        const bool start = !m_starts.empty() && m_starts.front() < 183;
+        packet[0] = 0x47;
+        packet[1] = static_cast<std::uint8_t>((start ? 0x40 : 0x00) | m_pid >> 8);
+        packet[2] = static_cast<std::uint8_t>(m_pid);
+        packet[3] = static_cast<std::uint8_t>(0x10 | (m_cc++ & 0x0F));
+        std::size_t at = 4;
+        if (start)
+            packet[at++] = static_cast<std::uint8_t>(m_starts.front());
+        // A section start that the packet cannot signal (it has no pointer
+        // field) ends the packet's data; stuffing fills the rest.
+        std::size_t room = sizeof packet - at;
+        if (!start && !m_starts.empty())
+            room = std::min(room, m_starts.front());
+        const std::size_t take = std::min(m_pending.size(), room);
+        std::memcpy(packet + at, m_pending.data(), take);
+        m_pending.erase(m_pending.begin(), m_pending.begin() + static_cast<std::ptrdiff_t>(take));
+        std::vector<std::size_t> starts;
+        for (std::size_t s : m_starts)
+            if (s >= take)
+                starts.push_back(s - take);
+        m_starts = starts;
+        writer.packet(packet);
+    }
+
+    unsigned m_pid;
+    bool m_packed;
+    unsigned m_cc = 0;
+    Bytes m_pending;
+    std::vector<std::size_t> m_starts;
+};
+
+// PES packets of an elementary stream, filled with pseudo-random bytes.
+class MediaPid {
+public:
+    MediaPid(unsigned pid, std::uint8_t streamId, bool pcr) : m_pid(pid), m_streamId(streamId), m_pcr(pcr) {}
+
+    void send(Writer& writer, bool unitStart, std::uint32_t& seed)
+    {
+        std::uint8_t packet[188];
+        packet[0] = 0x47;
+        packet[1] = static_cast<std::uint8_t>((unitStart ? 0x40 : 0x00) | m_pid >> 8);
+        packet[2] = static_cast<std::uint8_t>(m_pid);
+        std::size_t at = 4;
+        if (unitStart && m_pcr) {
+            // adaptation field with random_access_indicator and a PCR
+            packet[3] = static_cast<std::uint8_t>(0x30 | (m_cc++ & 0x0F));
+            const std::uint64_t base = m_clock;
+            m_clock += 3003;
+            const std::uint8_t field[8] = {7, 0x50, static_cast<std::uint8_t>(base >> 25), static_cast<std::uint8_t>(base >> 17),
+                                           static_cast<std::uint8_t>(base >> 9), static_cast<std::uint8_t>(base >> 1),
+                                           static_cast<std::uint8_t>((base & 1) << 7 | 0x7E), 0x00};
+            std::memcpy(packet + at, field, sizeof field);
+            at += sizeof field;
+        } else {
+            packet[3] = static_cast<std::uint8_t>(0x10 | (m_cc++ & 0x0F));
+        }
+        if (unitStart) {
+            const std::uint8_t header[9] = {0x00, 0x00, 0x01, m_streamId, 0x00, 0x00, 0x80, 0x00, 0x00};
+            std::memcpy(packet + at, header, sizeof header);
+            at += sizeof header;
+        }
+        for (; at < sizeof packet; ++at) {
+            seed ^= seed << 13;
+            seed ^= seed >> 17;
+            seed ^= seed << 5;
+            packet[at] = static_cast<std::uint8_t>(seed);
+        }
+        writer.packet(packet);
+    }
+
+private:
+    unsigned m_pid;
+    std::uint8_t m_streamId;
+    bool m_pcr;
+    unsigned m_cc = 0;
+    std::uint64_t m_clock = 0;
+};
+
+void nullPacket(Writer& writer)
+{
+    std::uint8_t packet[188];
+    std::memset(packet, 0xFF, sizeof packet);
+    packet[0] = 0x47;
+    packet[1] = 0x1F;
+    packet[2] = 0xFF;
+    packet[3] = 0x10;
+    writer.packet(packet);
+}
+
+int usage()
+{
+    std::fprintf(stderr, "usage: make-isdbt-sample OUTPUT [--cycles N] [--video-packets K] [--packet-size 188|192|204]\n");
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const char* output = nullptr;
+    unsigned long cycles = 3, videoPackets = 24, packetSize = 188;
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        unsigned long* target = argument == "--cycles" ? &cycles
+                                : argument == "--video-packets" ? &videoPackets
+                                : argument == "--packet-size" ? &packetSize
+                                : nullptr;
+        if (target) {
+            if (++i == argc)
+                return usage();
+            char* end = nullptr;
+            *target = std::strtoul(argv[i], &end, 10);
+            if (!end || *end)
+                return usage();
+        } else if (!output && argument[0] != '-') {
+            output = argv[i];
+        } else {
+            return usage();
+        }
+    }
+    if (!output || cycles == 0 || (packetSize != 188 && packetSize != 192 && packetSize != 204))
+        return usage();
+    std::FILE* file = std::fopen(output, "wb");
+    if (!file) {
+        std::perror(output);
+        return 1;
+    }
+    static char buffer[1 << 20];
+    std::setvbuf(file, buffer, _IOFBF, sizeof buffer);
+
+    Writer writer(file, static_cast<unsigned>(packetSize));
+    SectionPid patPid(0x0000, false), fullSegPmtPid(kFullSegPmtPid, false), oneSegPmtPid(kOneSegPmtPid, false);
+    SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false);
+    MediaPid video(kVideoPid, 0xE0, true), audio(kAudioPid, 0xC0, false);
+    MediaPid oneSegVideo(kOneSegVideoPid, 0xE0, false), oneSegAudio(kOneSegAudioPid, 0xC0, false);
+    const Bytes patSection = pat(), fullSegPmtSection = fullSegPmt(), oneSegPmtSection = oneSegPmt();
+    const Bytes nitSection = nit(), sdtSections[2] = {sdt(0), sdt(1)};
+    std::uint32_t seed = 0x2545F491u;
+
+    for (unsigned long cycle = 0; cycle < cycles; ++cycle) {
+        patPid.send(writer, patSection);
+        fullSegPmtPid.send(writer, fullSegPmtSection);
+        oneSegPmtPid.send(writer, oneSegPmtSection);
+        nitPid.send(writer, nitSection);
+        sdtPid.send(writer, sdtSections[cycle >= 2 ? 1 : 0]);
+        totPid.send(writer, tot(static_cast<unsigned>(15 * 3600 + 30 * 60 + cycle)));
+        for (unsigned long k = 0; k < videoPackets; ++k) {
+            video.send(writer, k % 12 == 0, seed);
+            if (k % 6 == 3)
+                audio.send(writer, true, seed);
+            if (k % 8 == 5)
+                oneSegVideo.send(writer, k % 16 == 5, seed);
+            if (k % 16 == 7)
+                oneSegAudio.send(writer, true, seed);
+            if (k % 10 == 9)
+                nullPacket(writer);
+        }
+    }
+    nitPid.flush(writer);
+    sdtPid.flush(writer);
+    if (std::fclose(file) != 0) {
+        std::perror(output);
+        return 1;
+    }
+    return 0;
+}
