@@ -12,6 +12,9 @@ std::vector<Entry> serviceTimeEntries()
         {"TLocalTimeOffsetDescriptor", descriptor<TLocalTimeOffsetDescriptor>},
         {"TLocalTimeOffsetDescriptor/within", descriptorWithin<TLocalTimeOffsetDescriptor>},
         {"TLocalTimeOffsetDescriptorItem", item<TLocalTimeOffsetDescriptorItem>},
+        // Service description table
+        {"TServiceDescription", loopEntry<TServiceDescription>},
+        {"TSDTTable", table<TSDTTable>},
     };
 }
 

@@ -79,6 +79,8 @@
 // (end of network information table)
 
 // Service description table
+#include "sdt/TSDTTable.h"
+#include "sdt/TServiceDescription.h"
 // (end of service description table)
 
 // Time offset table
