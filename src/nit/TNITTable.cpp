@@ -1,5 +1,7 @@
 #include "TNITTable.h"
 
+#include <algorithm>
+
 #include "../utils/VuroParseSupport.h"
 #include "TNetworkDescriptorSlots.h"
 
@@ -8,7 +10,7 @@ namespace Vuro {
 namespace {
 const U32 kLoopLengthField = 2; // 4 reserved bits + 12-bit loop length
 const U32 kDescriptorHeader = TISDBTDescriptor::COMMON_HEADER_LENGTH;
-using Slots = TNetworkDescriptorSlots<TNITTable>;
+using Slots = TNetworkSlots;
 } // namespace
 
 TNITTable::TNITTable(U8* sectionData, U32 dataLength)
@@ -101,14 +103,15 @@ TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength
         const S32 available = static_cast<S32>(sectionLength) - static_cast<S32>(kDescriptorHeader);
         if (static_cast<S32>(length) > available)
             return rejectLength(length, static_cast<U32>(available), errorCode);
-        if (!fits(position, limit, length + kDescriptorHeader))
-            return rejectLength(length, bytesLeft(position, limit) - kDescriptorHeader, errorCode);
         const U32 total = length + kDescriptorHeader;
         // A known tag goes to its parser whatever its length (an empty one
-        // then fails its minimum, and with it the table).
+        // then fails its minimum, and with it the table); it must lie inside
+        // the data. Skipping reads nothing, so an unknown one need not.
         switch (Slots::parse(*this, position, total, errorCode, limit)) {
         case Slots::FAILED:
             return BODY_FAILED;
+        case Slots::PAST_BUFFER:
+            return rejectLength(length, bytesLeft(position, limit) - kDescriptorHeader, errorCode);
         case Slots::UNKNOWN:
             VURO_LOGW("%s: TNITTable::parse: Unknown descriptor: 0x%02X. Ignored!", VURO_LOG_ORIGIN, tag);
             break;
@@ -116,7 +119,9 @@ TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength
         case Slots::STUFFING:
             break;
         }
-        position += total;
+        // A step past the end of the data stops at the end, where the next
+        // header read fails.
+        position += std::min(total, bytesLeft(position, limit));
         descriptorsLength = static_cast<U16>(descriptorsLength - total);
         sectionLength = static_cast<U16>(sectionLength - total);
     }

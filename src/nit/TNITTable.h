@@ -15,7 +15,7 @@ namespace Vuro {
 // transport_stream_id.
 class TNITTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
-    friend class TNetworkDescriptorSlots<TNITTable>;
+    friend struct TNetworkDescriptorSlots;
 
 public:
     static constexpr VURO_U32 MINIMUM_DATA_LENGTH = 4;

@@ -1,5 +1,7 @@
 #include "TTransportStreamInfo.h"
 
+#include <algorithm>
+
 #include "../utils/VuroParseSupport.h"
 #include "TNetworkDescriptorSlots.h"
 
@@ -7,7 +9,7 @@ namespace Vuro {
 
 namespace {
 const U32 kFixedLength = 6; // two identifiers, transport_descriptors_length
-using Slots = TNetworkDescriptorSlots<TTransportStreamInfo>;
+using Slots = TNetworkSlots;
 } // namespace
 
 TTransportStreamInfo::TTransportStreamInfo()
@@ -79,17 +81,27 @@ TTransportStreamInfo* TTransportStreamInfo::parse(U8* sectionData, U32 dataLengt
         const U32 length = position[1];
         if (length > dataLength - TISDBTDescriptor::COMMON_HEADER_LENGTH)
             return rejectLength(entry, length, dataLength - TISDBTDescriptor::COMMON_HEADER_LENGTH, errorCode);
-        if (!fits(position, limit, length + TISDBTDescriptor::COMMON_HEADER_LENGTH))
-            return rejectLength(entry, length, bytesLeft(position, limit) - TISDBTDescriptor::COMMON_HEADER_LENGTH,
-                                errorCode);
         const U32 total = length + TISDBTDescriptor::COMMON_HEADER_LENGTH;
         // Empty descriptors are skipped without being parsed, as are stuffing
-        // and tags an entry does not keep (silently, unlike the network loop).
-        if (length != 0 && Slots::parse(*entry, position, total, errorCode, limit) == Slots::FAILED) {
-            delete entry;
-            return nullptr;
+        // and tags an entry does not keep (silently, unlike the network loop);
+        // skipping reads nothing, so only a kept one must lie inside the data.
+        if (length != 0) {
+            switch (Slots::parse(*entry, position, total, errorCode, limit)) {
+            case Slots::FAILED:
+                delete entry;
+                return nullptr;
+            case Slots::PAST_BUFFER:
+                return rejectLength(entry, length,
+                                    bytesLeft(position, limit) - TISDBTDescriptor::COMMON_HEADER_LENGTH, errorCode);
+            case Slots::STORED:
+            case Slots::STUFFING:
+            case Slots::UNKNOWN:
+                break;
+            }
         }
-        position += total;
+        // A step past the end of the data stops at the end, where the next
+        // header read fails.
+        position += std::min(total, bytesLeft(position, limit));
         descriptorsLength = static_cast<U16>(descriptorsLength - total);
         dataLength -= total;
         consumed += total;

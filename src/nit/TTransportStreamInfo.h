@@ -14,14 +14,13 @@
 
 namespace Vuro {
 
-template <class Owner>
-class TNetworkDescriptorSlots;
+struct TNetworkDescriptorSlots;
 
 // One transport stream of a network information section:
 // transport_stream_id (16), original_network_id (16), reserved (4),
 // transport_descriptors_length (12), descriptors. One descriptor per kind.
 class TTransportStreamInfo {
-    friend class TNetworkDescriptorSlots<TTransportStreamInfo>;
+    friend struct TNetworkDescriptorSlots;
 
 public:
     TTransportStreamInfo();

@@ -1,8 +1,8 @@
 #include "TServiceDescription.h"
 
 #include <algorithm>
-#include <type_traits>
 
+#include "../descriptors/TISDBTDescriptorSlots.h"
 #include "../utils/VuroParseSupport.h"
 
 namespace Vuro {
@@ -10,8 +10,9 @@ namespace Vuro {
 namespace {
 const U32 kFixedLength = 5; // service_id, flags, running_status .. descriptors_loop_length
 const U32 kDescriptorHeader = TISDBTDescriptor::COMMON_HEADER_LENGTH;
-const U8 kStuffingTag = 0x42;
 } // namespace
+
+using Slots = TISDBTDescriptorSlots<TServiceDescription>;
 
 TServiceDescription::TServiceDescription()
     : m_iServiceID(0), m_bEITSchedule(FALSE), m_bEITPresentFollowing(FALSE), m_iRunningStatus(0), m_iFreeCAMode(0),
@@ -24,10 +25,7 @@ TServiceDescription::TServiceDescription()
 
 TServiceDescription::~TServiceDescription()
 {
-    forEachSlot(*this, [](auto*& slot) {
-        delete slot;
-        slot = nullptr;
-    });
+    Slots::release(*this);
 }
 
 template <class Self, class Visit>
@@ -48,38 +46,12 @@ void TServiceDescription::forEachSlot(Self& self, Visit visit)
 
 TISDBTDescriptor* TServiceDescription::getDescriptor(U8 descriptorTag) const
 {
-    TISDBTDescriptor* found = nullptr;
-    forEachSlot(*this, [&](auto* slot) {
-        if (slot && slot->getDescriptorTag() == descriptorTag)
-            found = slot;
-    });
-    return found;
+    return Slots::get(*this, descriptorTag);
 }
 
 std::list<U8> TServiceDescription::getDescriptorTags() const
 {
-    std::list<U8> tags;
-    forEachSlot(*this, [&](auto* slot) {
-        if (slot)
-            tags.push_back(slot->getDescriptorTag());
-    });
-    return tags;
-}
-
-TServiceDescription::Outcome TServiceDescription::parseDescriptor(U8* data, U32 length, U16* errorCode,
-                                                                  const U8* limit)
-{
-    Outcome outcome = data[0] == kStuffingTag ? STUFFING : UNKNOWN;
-    forEachSlot(*this, [&](auto*& slot) {
-        using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
-        if (data[0] != D::DESCRIPTOR_TAG)
-            return;
-        if (!fits(data, limit, length))
-            outcome = PAST_BUFFER;
-        else
-            outcome = TISDBTDescriptor::parseInto(slot, data, length, errorCode, limit) ? STORED : FAILED;
-    });
-    return outcome;
+    return Slots::tags(*this);
 }
 
 TServiceDescription* TServiceDescription::rejectLength(TServiceDescription* service, U32 length, U32 available,
@@ -137,17 +109,17 @@ TServiceDescription* TServiceDescription::parse(U8* sectionData, U32 dataLength,
         const U32 total = length + kDescriptorHeader;
         // Every tag goes to the dispatch whatever its length: an empty known
         // descriptor is handed to its parser (and fails its minimum length).
-        switch (service->parseDescriptor(position, total, errorCode, limit)) {
-        case FAILED:
+        switch (Slots::parse(*service, position, total, errorCode, limit)) {
+        case Slots::FAILED:
             delete service; // the descriptor has logged and stored its code
             return nullptr;
-        case PAST_BUFFER:
+        case Slots::PAST_BUFFER:
             return rejectLength(service, length, bytesLeft(position, limit) - kDescriptorHeader, errorCode);
-        case UNKNOWN:
+        case Slots::UNKNOWN:
             VURO_LOGW("%s: TServiceDescription::parse: Unknown descriptor: 0x%02X. Ignored!", VURO_LOG_ORIGIN, tag);
             break;
-        case STORED:
-        case STUFFING:
+        case Slots::STORED:
+        case Slots::STUFFING:
             break;
         }
         // A step past the end of the buffer stops at the end, where the next

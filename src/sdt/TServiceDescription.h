@@ -75,22 +75,12 @@ public:
     TContentAvailabilityDescriptor* getContentAvailabilityDescriptor() const { return m_pContentAvailabilityDesc; }
 
 private:
-    // What a descriptor of the loop came to.
-    enum Outcome {
-        STORED,      // parsed into its slot
-        FAILED,      // its parse failed; its code is in errorCode
-        PAST_BUFFER, // a known tag whose descriptor would end past limit; not parsed
-        STUFFING,    // stuffing_descriptor (0x42), skipped
-        UNKNOWN      // a tag a service does not keep, skipped
-    };
+    template <class SlotList>
+    friend class TISDBTDescriptorSlots;
 
     // Calls visit on each descriptor slot, in member order.
     template <class Self, class Visit>
     static void forEachSlot(Self& self, Visit visit);
-    // Parses the descriptor at data (length = descriptor_length + 2; its
-    // header lies before limit) into the slot its tag selects; the object a
-    // repeated tag displaces is freed.
-    Outcome parseDescriptor(U8* data, U32 length, U16* errorCode, const U8* limit);
     static TServiceDescription* rejectLength(TServiceDescription* service, U32 length, U32 available,
                                              U16* errorCode);
 

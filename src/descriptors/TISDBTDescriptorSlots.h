@@ -1,0 +1,91 @@
+// Internal to the library: the descriptor slots of an owner that keeps at most
+// one descriptor of each kind (a table or a loop entry), handled in one place
+// for every such owner.
+#ifndef VURO_TISDBT_DESCRIPTOR_SLOTS_H
+#define VURO_TISDBT_DESCRIPTOR_SLOTS_H
+
+#include <list>
+#include <type_traits>
+
+#include "../utils/VuroParseSupport.h"
+#include "TISDBTDescriptor.h"
+
+namespace Vuro {
+
+// SlotList names the slots: it provides
+//   template <class Owner, class Visit> static void forEachSlot(Owner& owner, Visit visit)
+// calling visit(owner.m_pXxxDesc) for every slot in member order, and can
+// reach the owner's members (the owner declares it, or this class, a friend).
+template <class SlotList>
+class TISDBTDescriptorSlots {
+public:
+    // What a descriptor of a loop came to.
+    enum Outcome {
+        STORED,      // parsed into its slot
+        FAILED,      // its parse failed; its code is in errorCode
+        PAST_BUFFER, // a kept tag whose descriptor would end past limit: not parsed
+        STUFFING,    // stuffing_descriptor (0x42), skipped
+        UNKNOWN      // a tag the owner does not keep, skipped
+    };
+
+    // Parses the descriptor at data (length = descriptor_length + 2; its two
+    // header bytes lie before limit) into the slot its tag selects. The later
+    // of two descriptors with one tag wins the slot and the earlier object is
+    // freed.
+    template <class Owner>
+    static Outcome parse(Owner& owner, U8* data, U32 length, U16* errorCode, const U8* limit)
+    {
+        Outcome outcome = data[0] == kStuffingTag ? STUFFING : UNKNOWN;
+        SlotList::forEachSlot(owner, [&](auto*& slot) {
+            using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
+            if (data[0] != D::DESCRIPTOR_TAG)
+                return;
+            if (!fits(data, limit, length))
+                outcome = PAST_BUFFER;
+            else
+                outcome = TISDBTDescriptor::parseInto(slot, data, length, errorCode, limit) ? STORED : FAILED;
+        });
+        return outcome;
+    }
+
+    // The descriptor held for tag, or null.
+    template <class Owner>
+    static TISDBTDescriptor* get(const Owner& owner, U8 tag)
+    {
+        TISDBTDescriptor* found = nullptr;
+        SlotList::forEachSlot(owner, [&](auto* slot) {
+            if (slot && slot->getDescriptorTag() == tag)
+                found = slot;
+        });
+        return found;
+    }
+
+    // Tags of the filled slots, in member order.
+    template <class Owner>
+    static std::list<U8> tags(const Owner& owner)
+    {
+        std::list<U8> result;
+        SlotList::forEachSlot(owner, [&](auto* slot) {
+            if (slot)
+                result.push_back(slot->getDescriptorTag());
+        });
+        return result;
+    }
+
+    // Deletes the descriptors in member order and empties the slots.
+    template <class Owner>
+    static void release(Owner& owner)
+    {
+        SlotList::forEachSlot(owner, [](auto*& slot) {
+            delete slot;
+            slot = nullptr;
+        });
+    }
+
+private:
+    static constexpr U8 kStuffingTag = 0x42;
+};
+
+} // namespace Vuro
+
+#endif
