@@ -6,7 +6,10 @@ using namespace Vuro;
 
 std::vector<Entry> programMapEntries()
 {
-    return {};
+    return {
+        {"TProgramMap", loopEntry<TProgramMap>},
+        {"TPMTTable", table<TPMTTable>},
+    };
 }
 
 } // namespace VuroFuzz

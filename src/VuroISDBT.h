@@ -71,6 +71,8 @@
 #include "pat/TProgramAssociation.h"
 
 // Program map table
+#include "pmt/TPMTTable.h"
+#include "pmt/TProgramMap.h"
 // (end of program map table)
 
 // Network information table
