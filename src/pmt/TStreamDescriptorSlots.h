@@ -22,6 +22,7 @@
 #include "../descriptors/TDigitalCopyControlDescriptor.h"
 #include "../descriptors/TEmergencyInformationDescriptor.h"
 #include "../descriptors/THierarchicalTransmissionDescriptor.h"
+#include "../descriptors/TISDBTDescriptorSlots.h"
 #include "../descriptors/TISO639LanguageDescriptor.h"
 #include "../descriptors/TLinkageDescriptor.h"
 #include "../descriptors/TMosaicDescriptor.h"
@@ -39,6 +40,37 @@ namespace Vuro {
 template <class Owner>
 class TStreamDescriptorSlots {
 public:
+    // The slots in member order: 0x53, 0x0D, 0x49, 0x4A, 0x50, 0x51, 0x52,
+    // 0x55, 0xC0, 0xC1, 0xFC, 0xFD, 0xFE, 0xC6, 0xC8, 0xDE, 0xF7, 0xF8, 0x28,
+    // 0x2A, 0x7C, 0x13, 0x0A.
+    template <class O, class Visit>
+    static void forEachSlot(O& owner, Visit visit)
+    {
+        visit(owner.m_pCAIdentifierDesc);
+        visit(owner.m_pCopyrightDesc);
+        visit(owner.m_pCountryAvailabilityDesc);
+        visit(owner.m_pLinkageDesc);
+        visit(owner.m_pComponentDesc);
+        visit(owner.m_pMosaicDesc);
+        visit(owner.m_pStreamIdentifierDesc);
+        visit(owner.m_pParentalRatingDesc);
+        visit(owner.m_pHierarchicalTransmDesc);
+        visit(owner.m_pDigitalCopyControlDesc);
+        visit(owner.m_pEmergencyInfoDesc);
+        visit(owner.m_pDataComponentDesc);
+        visit(owner.m_pSystemMngDesc);
+        visit(owner.m_pTargetRegionDesc);
+        visit(owner.m_pVideoDecodeControlDesc);
+        visit(owner.m_pContentAvailabilityDesc);
+        visit(owner.m_pCarouselCompCompoDesc);
+        visit(owner.m_pConditionalPlaybackDesc);
+        visit(owner.m_pAVCVideoDescriptor);
+        visit(owner.m_pAVCTimingAndHRDDesc);
+        visit(owner.m_pAACDesc);
+        visit(owner.m_pCarouselIdentDesc);
+        visit(owner.m_pISO639LanguageDescriptor);
+    }
+
     // What a descriptor of the loop came to.
     enum Outcome {
         STORED,  // parsed into its slot (or, see LanguageCheck, a failed language emptied it)
@@ -55,7 +87,7 @@ public:
     static BOOL knows(const Owner& owner, U8 tag)
     {
         BOOL known = FALSE;
-        forEach(owner, [&](auto* slot) {
+        forEachSlot(owner, [&](auto* slot) {
             using D = std::remove_pointer_t<decltype(slot)>;
             if (tag == D::DESCRIPTOR_TAG)
                 known = TRUE;
@@ -112,22 +144,21 @@ public:
     // same tag replaces the earlier one, which is freed.
     static Outcome parse(Owner& owner, U8* data, U32 length, U16* errorCode, const U8* limit, LanguageCheck check)
     {
-        Outcome outcome = UNKNOWN;
-        forEach(owner, [&](auto*& slot) {
-            using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
-            if (data[0] != D::DESCRIPTOR_TAG)
-                return;
-            if (TISDBTDescriptor::parseInto(slot, data, length, errorCode, limit)) {
-                outcome = STORED;
-            } else if (std::is_same<D, TISO639LanguageDescriptor>::value && check == LANGUAGE_UNCHECKED) {
-                delete slot;
-                slot = nullptr;
-                outcome = STORED;
-            } else {
-                outcome = FAILED;
+        switch (Slots::parse(owner, data, length, errorCode, limit)) {
+        case Slots::STORED:
+            return STORED;
+        case Slots::FAILED:
+        case Slots::PAST_BUFFER:
+            if (data[0] == TISO639LanguageDescriptor::DESCRIPTOR_TAG && check == LANGUAGE_UNCHECKED) {
+                destroy(owner.m_pISO639LanguageDescriptor); // the failed (null) result takes the slot
+                return STORED;
             }
-        });
-        return outcome;
+            return FAILED;
+        case Slots::STUFFING:
+        case Slots::UNKNOWN:
+            break;
+        }
+        return UNKNOWN;
     }
 
     // The descriptor kept for tag, or null. Content availability (0xDE) is
@@ -135,24 +166,14 @@ public:
     // way to reach it. Receivers rely on that omission, so it stays.
     static TISDBTDescriptor* get(const Owner& owner, U8 tag)
     {
-        TISDBTDescriptor* found = nullptr;
-        forEach(owner, [&](auto* slot) {
-            using D = std::remove_pointer_t<decltype(slot)>;
-            if (listed<D>() && D::DESCRIPTOR_TAG == tag)
-                found = slot;
-        });
-        return found;
+        return tag == TContentAvailabilityDescriptor::DESCRIPTOR_TAG ? nullptr : Slots::get(owner, tag);
     }
 
     // Tags of the filled slots in member order, without 0xDE (as get).
     static std::list<U8> tags(const Owner& owner)
     {
-        std::list<U8> result;
-        forEach(owner, [&](auto* slot) {
-            using D = std::remove_pointer_t<decltype(slot)>;
-            if (listed<D>() && slot)
-                result.push_back(D::DESCRIPTOR_TAG);
-        });
+        std::list<U8> result = Slots::tags(owner);
+        result.remove(TContentAvailabilityDescriptor::DESCRIPTOR_TAG);
         return result;
     }
 
@@ -160,7 +181,7 @@ public:
     // the stream identifier goes right after the emergency information.
     static void release(Owner& owner)
     {
-        forEach(owner, [&](auto*& slot) {
+        forEachSlot(owner, [&](auto*& slot) {
             using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
             if (std::is_same<D, TStreamIdentifierDescriptor>::value)
                 return;
@@ -171,11 +192,7 @@ public:
     }
 
 private:
-    template <class D>
-    static constexpr bool listed()
-    {
-        return !std::is_same<D, TContentAvailabilityDescriptor>::value;
-    }
+    using Slots = TISDBTDescriptorSlots<TStreamDescriptorSlots>;
 
     template <class D>
     static void destroy(D*& slot)
@@ -184,36 +201,6 @@ private:
         slot = nullptr;
     }
 
-    // The slots in member order: 0x53, 0x0D, 0x49, 0x4A, 0x50, 0x51, 0x52,
-    // 0x55, 0xC0, 0xC1, 0xFC, 0xFD, 0xFE, 0xC6, 0xC8, 0xDE, 0xF7, 0xF8, 0x28,
-    // 0x2A, 0x7C, 0x13, 0x0A.
-    template <class O, class Visit>
-    static void forEach(O& owner, Visit visit)
-    {
-        visit(owner.m_pCAIdentifierDesc);
-        visit(owner.m_pCopyrightDesc);
-        visit(owner.m_pCountryAvailabilityDesc);
-        visit(owner.m_pLinkageDesc);
-        visit(owner.m_pComponentDesc);
-        visit(owner.m_pMosaicDesc);
-        visit(owner.m_pStreamIdentifierDesc);
-        visit(owner.m_pParentalRatingDesc);
-        visit(owner.m_pHierarchicalTransmDesc);
-        visit(owner.m_pDigitalCopyControlDesc);
-        visit(owner.m_pEmergencyInfoDesc);
-        visit(owner.m_pDataComponentDesc);
-        visit(owner.m_pSystemMngDesc);
-        visit(owner.m_pTargetRegionDesc);
-        visit(owner.m_pVideoDecodeControlDesc);
-        visit(owner.m_pContentAvailabilityDesc);
-        visit(owner.m_pCarouselCompCompoDesc);
-        visit(owner.m_pConditionalPlaybackDesc);
-        visit(owner.m_pAVCVideoDescriptor);
-        visit(owner.m_pAVCTimingAndHRDDesc);
-        visit(owner.m_pAACDesc);
-        visit(owner.m_pCarouselIdentDesc);
-        visit(owner.m_pISO639LanguageDescriptor);
-    }
 };
 
 } // namespace Vuro
