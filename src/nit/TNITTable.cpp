@@ -1,7 +1,5 @@
 #include "TNITTable.h"
 
-#include <algorithm>
-
 #include "../utils/VuroParseSupport.h"
 #include "TNetworkDescriptorSlots.h"
 
@@ -121,7 +119,7 @@ TISDBTTable::BodyResult TNITTable::parseBody(U8* /*sectionData*/, U32 dataLength
         }
         // A step past the end of the data stops at the end, where the next
         // header read fails.
-        position += std::min(total, bytesLeft(position, limit));
+        stepWithin(position, limit, total);
         descriptorsLength = static_cast<U16>(descriptorsLength - total);
         sectionLength = static_cast<U16>(sectionLength - total);
     }

@@ -1,7 +1,5 @@
 #include "TTransportStreamInfo.h"
 
-#include <algorithm>
-
 #include "../utils/VuroParseSupport.h"
 #include "TNetworkDescriptorSlots.h"
 
@@ -101,7 +99,7 @@ TTransportStreamInfo* TTransportStreamInfo::parse(U8* sectionData, U32 dataLengt
         }
         // A step past the end of the data stops at the end, where the next
         // header read fails.
-        position += std::min(total, bytesLeft(position, limit));
+        stepWithin(position, limit, total);
         descriptorsLength = static_cast<U16>(descriptorsLength - total);
         dataLength -= total;
         consumed += total;

@@ -144,7 +144,7 @@ TISDBTTable::BodyResult TPMTTable::parseBody(U8* /*sectionData*/, U32 dataLength
             return BODY_FAILED;
         }
         addProgramMap(entry);
-        Slots::skip(position, limit, itemLength);
+        stepWithin(position, limit, itemLength);
         remaining = static_cast<U16>(remaining - itemLength);
     }
     return BODY_PARSED;

@@ -126,17 +126,8 @@ public:
             if (parse(owner, position, total, errorCode, limit, check) == FAILED)
                 return FALSE;
         }
-        skip(position, limit, total);
+        stepWithin(position, limit, total);
         return TRUE;
-    }
-
-    // Steps position over count bytes, stopping at limit: a record that
-    // claims more than the buffer holds leaves the next read at the end,
-    // where it fails.
-    static void skip(U8*& position, const U8* limit, U32 count)
-    {
-        const U32 left = bytesLeft(position, limit);
-        position += count < left ? count : left;
     }
 
     // Parses the descriptor at data (length = descriptor_length + 2, lying

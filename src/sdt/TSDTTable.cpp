@@ -70,7 +70,7 @@ TISDBTTable::BodyResult TSDTTable::parseBody(U8* /*sectionData*/, U32 dataLength
         m_pItems.store(service->getServiceID(), service);
         // A service whose last (skipped) descriptor claims bytes past the
         // buffer stops the walk at its end, where the next service fails.
-        position += std::min(itemLength, bytesLeft(position, limit));
+        stepWithin(position, limit, itemLength);
         sectionLength = static_cast<U16>(sectionLength - itemLength);
     }
     return BODY_PARSED;

@@ -1,7 +1,5 @@
 #include "TServiceDescription.h"
 
-#include <algorithm>
-
 #include "../descriptors/TISDBTDescriptorSlots.h"
 #include "../utils/VuroParseSupport.h"
 
@@ -124,7 +122,7 @@ TServiceDescription* TServiceDescription::parse(U8* sectionData, U32 dataLength,
         }
         // A step past the end of the buffer stops at the end, where the next
         // header read fails.
-        position += std::min(total, bytesLeft(position, limit));
+        stepWithin(position, limit, total);
         descriptorsLength = static_cast<U16>(descriptorsLength - total);
         dataLength -= total;
         consumed += total;

@@ -33,6 +33,14 @@ inline bool fits(const U8* pos, const U8* limit, U32 need)
     return pos <= limit && static_cast<std::size_t>(limit - pos) >= need;
 }
 
+// Steps position over count bytes, stopping at limit: a record that claims
+// more than the buffer holds leaves the next read at the end, where it fails.
+inline void stepWithin(U8*& position, const U8* limit, U32 count)
+{
+    const U32 left = bytesLeft(position, limit);
+    position += count < left ? count : left;
+}
+
 // The limit a parse uses when it is the outermost call: the end of its own
 // data (null data has no readable byte).
 inline const U8* outerLimit(const U8* data, U32 dataLength)
