@@ -1,7 +1,5 @@
 #include "TSDTTable.h"
 
-#include <algorithm>
-
 #include "../utils/VuroParseSupport.h"
 
 namespace Vuro {
