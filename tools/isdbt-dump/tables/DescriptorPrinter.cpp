@@ -38,18 +38,11 @@ bool printFields(const TISDBTDescriptor& descriptor, TreeOut& out)
 
 } // namespace
 
-std::string hexValue(unsigned value, int digits)
-{
-    char text[16];
-    std::snprintf(text, sizeof text, "0x%0*X", digits, value);
-    return text;
-}
-
 void printIds(const char* key, const U16* ids, unsigned count, TreeOut& out)
 {
     out.beginList(key);
     for (unsigned i = 0; ids && i < count; ++i)
-        out.value(hexValue(ids[i], 4));
+        out.value(hexText(ids[i], 4));
     out.end();
 }
 

@@ -45,9 +45,6 @@ std::vector<DescriptorPrinterEntry> networkDescriptorPrinters();
 std::vector<DescriptorPrinterEntry> serviceDescriptorPrinters();
 std::vector<DescriptorPrinterEntry> streamDescriptorPrinters();
 
-// "0x0640" style text of a value with the given hexadecimal digits.
-std::string hexValue(unsigned value, int digits);
-
 // The name at a code's position in a table of names (null past its end or
 // where the table has a gap).
 template <std::size_t N>

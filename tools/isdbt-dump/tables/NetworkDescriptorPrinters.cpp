@@ -22,9 +22,7 @@ void serviceList(const TServiceListDescriptor& d, TreeOut& out)
     out.beginList("services");
     for (U8 id : d.getServiceIDs()) {
         const TServiceListDescriptorItem* item = d.get(id);
-        char title[24];
-        std::snprintf(title, sizeof title, "service 0x%02X", id);
-        out.beginItem(title);
+        beginKeyedItem(out, "service", id, 2);
         out.hex("service_id", item->getServiceID(), 2);
         out.named("service_type", item->getServiceType(), 2, serviceTypeName(item->getServiceType()));
         out.end();
@@ -51,7 +49,7 @@ void terrestrialDelivery(const TTerrestrialDeliverySystemDescriptor& d, TreeOut&
         // Units of 1/7 MHz.
         const unsigned frequency = d.getFrequencies()[i];
         char text[48];
-        std::snprintf(text, sizeof text, "%s (%.6f MHz)", hexValue(frequency, 4).c_str(), frequency / 7.0);
+        std::snprintf(text, sizeof text, "%s (%.6f MHz)", hexText(frequency, 4).c_str(), frequency / 7.0);
         out.value(text);
     }
     out.end();
@@ -64,7 +62,7 @@ void emergencyInformation(const TEmergencyInformationDescriptor& d, TreeOut& out
         const TEmergencyInformationDescriptorItem* item = d.get(static_cast<U8>(i));
         if (!item)
             continue;
-        out.beginItem("service " + hexValue(item->getServiceID(), 4));
+        beginKeyedItem(out, "service", item->getServiceID(), 4);
         out.hex("service_id", item->getServiceID(), 4);
         out.flag("start_end_flag", item->isStart() != 0);
         out.number("signal_level", item->getSignalLevel());

@@ -32,9 +32,7 @@ protected:
             const TServiceDescription* service = sdt.getServiceDescription(id);
             if (!service)
                 continue;
-            char title[24];
-            std::snprintf(title, sizeof title, "service 0x%04X", id);
-            out.beginItem(title);
+            beginKeyedItem(out, "service", id, 4);
             out.hex("service_id", service->getServiceID(), 4);
             out.flag("EIT_schedule_flag", service->hasEITSchedule() != 0);
             out.flag("EIT_present_following_flag", service->hasEITPresentFollowing() != 0);

@@ -123,7 +123,8 @@ void audioComponent(const TAudioComponentDescriptor& d, TreeOut& out)
     out.number("quality_indicator", d.getQualityIndicator());
     out.number("sampling_rate", d.getSamplingRate());
     out.text("ISO_639_language_code", d.getLanguageCode1());
-    out.text("ISO_639_language_code_2", d.getLanguageCode2());
+    if (d.getEsMultiLingual())
+        out.text("ISO_639_language_code_2", d.getLanguageCode2());
     out.hex("text_char", d.getTextChar(), 2);
 }
 
