@@ -4,8 +4,11 @@
 #include <cstdio>
 #include <string>
 
+#include <nlohmann/json.hpp>
+
 #include "Dumper.h"
 #include "SectionBuilder.h"
+#include "tables/DescriptorPrinter.h"
 
 using namespace VuroTools;
 using VuroTest::Bytes;
@@ -136,6 +139,177 @@ TEST(DumperTest, SectionsWithoutAPidKeepAPreviousTablePerExtension)
     EXPECT_EQ(counts.parsed, 2u); // transport streams 0x0640 and 0x0641
     EXPECT_EQ(counts.unchanged, 1u);
     EXPECT_NE(out.text().find("PAT, table_id 0x00, 20 bytes"), std::string::npos);
+}
+
+// Service 0xE580 running and free, with the copy-control, logo, content
+// availability and CA descriptors; service 0xE598 (first in the section)
+// not running and scrambled.
+Bytes sdt(std::uint8_t tableId = 0x42)
+{
+    const Bytes full = VuroTest::concat({
+        VuroTest::descriptor(0x48, {0x01, 0x04, 'V', 'u', 'r', 'o', 0x02, 'H', 'D'}),
+        VuroTest::descriptor(0x53, {0x05, 0x01}),
+        // recording control 2, bitrate and component flags, copy type 1; one entry with its bitrate.
+        VuroTest::descriptor(0xC1, {0xB4, 0x30, 0x02, 0x60, 0x20}),
+        VuroTest::descriptor(0xDE, {0xC7}),
+        VuroTest::descriptor(0xCF, {0x01, 0xFE, 0x05, 0xF0, 0x02, 0x00, 0x10}),
+    });
+    const Bytes oneSeg = VuroTest::descriptor(0x48, {0xC0, 0x00, 0x04, '1', 's', 'e', 'g'});
+    return SectionBuilder(tableId)
+        .longHeader(0x0640, 3)
+        .u16(0x0641).u8(0xFF)
+        .u16(0xE598).u8(0xFC).u16(static_cast<std::uint16_t>(0x3000 | oneSeg.size())).bytes(oneSeg)
+        .u16(0xE580).u8(0xFF).u16(static_cast<std::uint16_t>(0x8000 | full.size())).bytes(full)
+        .build();
+}
+
+TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptors)
+{
+    Captured out;
+    DumpOptions options;
+    options.summary = false;
+    Dumper dumper(options, out.file);
+    Bytes section = sdt();
+    dumper.onSection(0x0011, section.data(), section.size());
+    // The other-stream SDT is refused by the library: not decoded, as NIT other.
+    Bytes other = sdt(0x46);
+    dumper.onSection(0x0011, other.data(), other.size());
+    EXPECT_EQ(countsOf(dumper, 0x0011, 0x42).parsed, 1u);
+    EXPECT_EQ(countsOf(dumper, 0x0011, 0x46).notDecoded, 1u);
+
+    const std::string text = out.text();
+    EXPECT_NE(text.find("  transport_stream_id: 0x0640\n  version_number: 3\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("  original_network_id: 0x0641\n  services:\n    service 0xE580:\n"
+                        "      service_id: 0xE580\n"
+                        "      EIT_schedule_flag: yes\n"
+                        "      EIT_present_following_flag: yes\n"
+                        "      running_status: 0x4 (running)\n"
+                        "      free_CA_mode: 0x0 (not scrambled)\n"
+                        "      descriptors:\n"
+                        "        descriptor 0x48 service:\n"
+                        "          descriptor_tag: 0x48 (service)\n"
+                        "          service_type: 0x01 (digital television)\n"
+                        "          service_provider_name: \"Vuro\"\n"
+                        "          service_name: \"HD\"\n"
+                        "        descriptor 0xC1 digital copy control:\n"
+                        "          descriptor_tag: 0xC1 (digital copy control)\n"
+                        "          digital_recording_control_data: 0x2 (one generation copy)\n"
+                        "          maximum_bitrate_flag: yes\n"
+                        "          copy_control_type: 0x1\n"
+                        "          APS_control_data: 0x0\n"
+                        "          maximum_bitrate: 48\n"
+                        "          component_control_flag: yes\n"
+                        "          components:\n"
+                        "            component 0:\n"
+                        "              digital_recording_control_data: 0x1 (defined by the service provider)\n"
+                        "              maximum_bitrate_flag: yes\n"
+                        "              copy_control_type: 0x0\n"
+                        "              APS_control_data: 0x0\n"
+                        "              maximum_bitrate: 32\n"
+                        "        descriptor 0xCF logo transmission:\n"
+                        "          descriptor_tag: 0xCF (logo transmission)\n"
+                        "          logo_transmission_type: 0x01 (CDT scheme 1)\n"
+                        "          logo_id: 0x005\n"
+                        "          logo_version: 0x002\n"
+                        "          download_data_id: 0x0010\n"),
+              std::string::npos)
+        << text;
+    EXPECT_NE(text.find("          retention_state: 0x3 (1 day)\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("          CA_system_ids:\n            0x0501\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("      running_status: 0x1 (not running)\n      free_CA_mode: 0x1 (scrambled)\n"),
+              std::string::npos)
+        << text;
+}
+
+TEST(DumperTest, SdtJsonCarriesCodesWithTheirNames)
+{
+    Captured out;
+    DumpOptions options;
+    options.json = true;
+    options.summary = false;
+    Dumper dumper(options, out.file);
+    Bytes section = sdt();
+    dumper.onSection(0x0011, section.data(), section.size());
+    const std::string line = out.text();
+    ASSERT_TRUE(nlohmann::json::accept(line)) << line;
+    const nlohmann::json record = nlohmann::json::parse(line);
+    EXPECT_EQ(record.at("table"), "SDT");
+    EXPECT_EQ(record.at("transport_stream_id"), 0x0640);
+    EXPECT_EQ(record.at("original_network_id"), 0x0641);
+    const nlohmann::json& services = record.at("services");
+    ASSERT_EQ(services.size(), 2u);
+    EXPECT_EQ(services[0].at("service_id"), 0xE580);
+    EXPECT_EQ(services[0].at("running_status_name"), "running");
+    EXPECT_EQ(services[1].at("EIT_schedule_flag"), false);
+    EXPECT_EQ(services[1].at("free_CA_mode_name"), "scrambled");
+    std::vector<int> tags;
+    for (const auto& descriptor : services[0].at("descriptors"))
+        tags.push_back(descriptor.at("descriptor_tag").get<int>());
+    EXPECT_EQ(tags, (std::vector<int>{0x48, 0xC1, 0xCF, 0xDE, 0x53}));
+    const nlohmann::json& name = services[1].at("descriptors")[0];
+    EXPECT_EQ(name.at("service_type_name"), "data (one-seg)");
+    EXPECT_EQ(name.at("service_name"), "1seg");
+}
+
+// Any table printer reaches every descriptor class through printDescriptor:
+// each one parsed from realistic bytes prints fields, not raw data. The
+// trailing bytes stand for the rest of a descriptor loop.
+template <class D>
+void expectFieldsPrinted(std::uint8_t tag, const Bytes& body, std::size_t trailing = 0)
+{
+    Bytes bytes = VuroTest::descriptor(tag, body);
+    bytes.resize(bytes.size() + trailing, 0x00);
+    Vuro::U16 error = 0;
+    std::unique_ptr<D> descriptor(D::parse(bytes.data(), static_cast<Vuro::U32>(bytes.size()), nullptr, &error));
+    ASSERT_NE(descriptor, nullptr) << std::hex << int(tag) << " error " << error;
+    Captured out;
+    std::unique_ptr<TreeOut> json = makeJsonOut(out.file);
+    json->beginRecord("");
+    json->beginList("descriptors");
+    printDescriptor(*descriptor, *json);
+    json->end();
+    json->endRecord();
+    const std::string line = out.text();
+    ASSERT_TRUE(nlohmann::json::accept(line)) << line;
+    const nlohmann::json printed = nlohmann::json::parse(line).at("descriptors").at(0);
+    EXPECT_FALSE(printed.contains("data")) << line;
+    EXPECT_GT(printed.size(), 1u) << line;
+}
+
+TEST(DumperTest, EveryDescriptorClassHasAFieldPrinter)
+{
+    using namespace Vuro;
+    expectFieldsPrinted<TServiceDescriptor>(0x48, {0x01, 0x00, 0x00});
+    expectFieldsPrinted<TBouquetNameDescriptor>(0x47, {'B'});
+    expectFieldsPrinted<TCountryAvailabilityDescriptor>(0x49, {0x80, 'B', 'R', 'A'});
+    expectFieldsPrinted<TNVODReferenceDescriptor>(0x4B, {0x06, 0x40, 0x06, 0x40, 0xE5, 0x80});
+    expectFieldsPrinted<TTimeShiftedServiceDescriptor>(0x4C, {0xE5, 0x80});
+    expectFieldsPrinted<TMosaicDescriptor>(
+        0x51, {0x19, 0x17, 0xF9, 0x01, 0x02, 0x02, 0x06, 0x40, 0x06, 0x40, 0xE5, 0x80});
+    expectFieldsPrinted<TParentalRatingDescriptor>(0x55, {'B', 'R', 'A', 0x24});
+    expectFieldsPrinted<TComponentDescriptor>(0x50, {0xF1, 0xB3, 0x00, 'p', 'o', 'r'});
+    expectFieldsPrinted<TShortEventDescriptor>(0x4D, {'p', 'o', 'r', 0x02, 'N', 'e', 0x01, 'T'}, 4);
+    expectFieldsPrinted<TAudioComponentDescriptor>(0xC4, {0xF2, 0x03, 0x10, 0x0F, 0x01, 0x2F, 'p', 'o', 'r', 0x41},
+                                                   4);
+    expectFieldsPrinted<TContentDescriptor>(0x54, {0x30, 0x00});
+    expectFieldsPrinted<TCAIdentifierDescriptor>(0x53, {0x05, 0x01});
+    expectFieldsPrinted<TContentAvailabilityDescriptor>(0xDE, {0xC7});
+    expectFieldsPrinted<TCopyrightDescriptor>(0x0D, {0xFF, 0xE1, 0x00});
+    expectFieldsPrinted<TStreamIdentifierDescriptor>(0x52, {0x81});
+    expectFieldsPrinted<THierarchicalTransmissionDescriptor>(0xC0, {0xFF, 0xE1, 0x00});
+    expectFieldsPrinted<TDataComponentDescriptor>(0xFD, {0x00, 0x0C, 0x01});
+    expectFieldsPrinted<TTargetRegionDescriptor>(0xC6, {0x01, 0xAA});
+    expectFieldsPrinted<TVideoDecodeControlDescriptor>(0xC8, {0x4F});
+    expectFieldsPrinted<TConditionalPlaybackDescriptor>(0xF8, {0x00, 0x05, 0xE1, 0x00});
+    expectFieldsPrinted<TAVCVideoDescriptor>(0x28, {0x42, 0xC0, 0x0D, 0x3F});
+    expectFieldsPrinted<TAVCTimingAndHRDDescriptor>(
+        0x2A, {0x81, 0x80, 0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0, 3, 0xE0});
+    expectFieldsPrinted<TAACDescriptor>(0x7C, {0x2E, 0x80, 0x01});
+    expectFieldsPrinted<TCarouselIdentifierDescriptor>(0x13, {0x00, 0x00, 0x00, 0x01});
+    expectFieldsPrinted<TISO639LanguageDescriptor>(0x0A, {'p', 'o', 'r', 0x00});
+    expectFieldsPrinted<TLogoTransmissionDescriptor>(0xCF, {0x03, 'V', 'u'});
+    expectFieldsPrinted<TDigitalCopyControlDescriptor>(0xC1, {0xB4, 0x30, 0x02, 0x60, 0x20});
+    expectFieldsPrinted<TCarouselCompatibleCompositeDescriptor>(0xF7, {0x00, 0x00, 0x00, 0x00});
 }
 
 } // namespace

@@ -112,6 +112,24 @@ const char* serviceTypeName(std::uint8_t type)
     switch (type) {
     case 0x01: return "digital television";
     case 0x02: return "digital audio";
+    case 0x03: return "teletext";
+    case 0x04: return "NVOD reference";
+    case 0x05: return "NVOD time-shifted";
+    case 0x06: return "mosaic";
+    case 0x0A: return "advanced codec digital radio";
+    case 0x0B: return "advanced codec mosaic";
+    case 0x0C: return "data broadcast";
+    case 0x0D: return "common interface";
+    case 0x0E: return "RCS map";
+    case 0x0F: return "RCS FLS";
+    case 0x10: return "MHP";
+    case 0x11: return "MPEG-2 HD digital television";
+    case 0x16: return "advanced codec SD digital television";
+    case 0x17: return "advanced codec SD NVOD time-shifted";
+    case 0x18: return "advanced codec SD NVOD reference";
+    case 0x19: return "advanced codec HD digital television";
+    case 0x1A: return "advanced codec HD NVOD time-shifted";
+    case 0x1B: return "advanced codec HD NVOD reference";
     case 0xA1: return "special video";
     case 0xA2: return "special audio";
     case 0xA3: return "special data";

@@ -14,7 +14,7 @@ const char* errorCodeName(std::uint16_t code);
 const char* tableIdName(std::uint8_t tableId);
 // ISO/IEC 13818-1 and ARIB stream_type assignments.
 const char* streamTypeName(std::uint8_t streamType);
-// ARIB / ABNT service_type assignments.
+// ARIB / ABNT service_type assignments and the DVB ones below 0x20.
 const char* serviceTypeName(std::uint8_t serviceType);
 // running_status of the SDT and EIT.
 const char* runningStatusName(std::uint8_t runningStatus);

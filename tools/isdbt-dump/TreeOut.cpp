@@ -28,14 +28,19 @@ std::string displayText(const std::string& bytes)
     return shown;
 }
 
-namespace {
-
 std::string hexText(std::uint64_t value, int digits)
 {
     char buffer[24];
     std::snprintf(buffer, sizeof buffer, "0x%0*llX", digits, static_cast<unsigned long long>(value));
     return buffer;
 }
+
+void beginKeyedItem(TreeOut& out, const char* what, std::uint64_t key, int digits)
+{
+    out.beginItem(std::string(what) + " " + hexText(key, digits));
+}
+
+namespace {
 
 std::string hexBytes(const std::uint8_t* data, std::size_t size)
 {

@@ -49,6 +49,13 @@ public:
 // Latin-1 bytes as UTF-8, control bytes written as \xNN.
 std::string displayText(const std::string& bytes);
 
+// "0x0640" style text of a value with the given hexadecimal digits.
+std::string hexText(std::uint64_t value, int digits);
+
+// An item of a list keyed by an identifier, titled "<what> 0x<key>"
+// (program 0xE580, service 0xE598, ...). Closed by end().
+void beginKeyedItem(TreeOut& out, const char* what, std::uint64_t key, int digits);
+
 std::unique_ptr<TreeOut> makeTextOut(std::FILE* file);
 std::unique_ptr<TreeOut> makeJsonOut(std::FILE* file);
 

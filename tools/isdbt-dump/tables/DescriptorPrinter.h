@@ -1,6 +1,7 @@
 // Descriptors as the library decodes them, field by field, shared by every
-// table printer. A descriptor class without a printer yet is shown as its
-// tag and raw bytes.
+// table printer. The printers live in one unit per descriptor family
+// (*DescriptorPrinters.cpp) and register by tag; a descriptor class without
+// a printer is shown as its tag and raw bytes.
 #ifndef VURO_TOOLS_DESCRIPTOR_PRINTER_H
 #define VURO_TOOLS_DESCRIPTOR_PRINTER_H
 

@@ -26,9 +26,7 @@ protected:
         out.beginList("transport_streams");
         for (U16 id : nit.getTransportStreamIDs()) {
             const TTransportStreamInfo* stream = nit.getTransportStreamInfo(id);
-            char title[40];
-            std::snprintf(title, sizeof title, "transport stream 0x%04X", id);
-            out.beginItem(title);
+            beginKeyedItem(out, "transport stream", id, 4);
             out.hex("transport_stream_id", stream->getTransportStreamID(), 4);
             out.hex("original_network_id", stream->getOriginalNetworkID(), 4);
             printDescriptorsOf(*stream, out);

@@ -24,9 +24,7 @@ protected:
         out.beginList("programs");
         for (U16 number : pat.getProgramNumbers()) {
             const TProgramAssociation* program = pat.get(number);
-            char title[32];
-            std::snprintf(title, sizeof title, "program 0x%04X", number);
-            out.beginItem(title);
+            beginKeyedItem(out, "program", number, 4);
             out.hex("program_number", number, 4);
             out.hex("program_map_PID", program->getProgramMapPid(), 4);
             out.end();
