@@ -10,6 +10,7 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
 {
     std::vector<std::unique_ptr<TableHandler>> handlers;
     handlers.push_back(makePatHandler());
+    handlers.push_back(makePmtHandler());
     handlers.push_back(makeNitHandler());
     handlers.push_back(makeSdtHandler());
     handlers.push_back(makeTotHandler());

@@ -9,10 +9,11 @@
 namespace VuroTools {
 
 std::unique_ptr<TableHandler> makePatHandler();
+std::unique_ptr<TableHandler> makePmtHandler();
 std::unique_ptr<TableHandler> makeNitHandler();
 std::unique_ptr<TableHandler> makeSdtHandler();
 std::unique_ptr<TableHandler> makeTotHandler();
-// A further table (PMT, EIT, ...) joins with a unit tables/<Table>Handler.cpp
+// A further table (EIT, AIT, ...) joins with a unit tables/<Table>Handler.cpp
 // deriving TableHandlerOf<T> (its parse call with the class's flag order, its
 // printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
 // from a PMT), a make<Table>Handler() declared here and one line in
