@@ -313,3 +313,35 @@ TEST(DumperTest, EveryDescriptorClassHasAFieldPrinter)
 }
 
 } // namespace
+
+TEST(DumperTest, PmtAnnouncesItsApplicationAndCarouselPids)
+{
+    Captured out;
+    DumpOptions options;
+    options.summary = false;
+    Dumper dumper(options, out.file);
+    SectionDemux demux(dumper);
+    dumper.attach(demux);
+    Bytes patSection = pat(1, 0x01F0);
+    dumper.onSection(0x0000, patSection.data(), patSection.size());
+    // Video, a private-section stream (the AIT) and a DSM-CC carousel with a
+    // content availability descriptor, which the PMT keeps out of its tag list.
+    Bytes pmt = SectionBuilder(0x02)
+                    .longHeader(0xE580, 3)
+                    .u16(0xE111)
+                    .u16(0xF000)
+                    .bytes({0x1B, 0xE1, 0x11, 0xF0, 0x03, 0x52, 0x01, 0x00})
+                    .bytes({0x05, 0xE1, 0x20, 0xF0, 0x00})
+                    .bytes({0x0D, 0xE1, 0x30, 0xF0, 0x03, 0xDE, 0x01, 0xFF})
+                    .build();
+    dumper.onSection(0x01F0, pmt.data(), pmt.size());
+    EXPECT_EQ(countsOf(dumper, 0x01F0, 0x02).parsed, 1u);
+    EXPECT_TRUE(demux.hasPid(0x0120));
+    EXPECT_TRUE(demux.hasPid(0x0130));
+    EXPECT_FALSE(demux.hasPid(0x0111));
+    const std::string text = out.text();
+    EXPECT_NE(text.find("    stream 0x0130:\n      stream_type: 0x0D (DSM-CC sections)\n      elementary_PID: 0x0130\n"
+                        "      descriptors:\n        descriptor 0xDE content availability:\n"),
+              std::string::npos)
+        << text;
+}
