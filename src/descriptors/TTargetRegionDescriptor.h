@@ -5,7 +5,7 @@
 
 namespace Vuro {
 
-// target_region_descriptor (0xC6): region_spec_type (8), then the target
+// target_region_descriptor (0xC6): region_spec_type (8), then the
 // target_region_spec bytes to the end of the descriptor (an owned copy).
 class TTargetRegionDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
