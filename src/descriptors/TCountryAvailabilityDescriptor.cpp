@@ -45,9 +45,10 @@ BOOL TCountryAvailabilityDescriptor::parseBody(U32 dataLength, const U8* limit, 
     m_iCountryAvailabilityFlag = static_cast<U8>(m_pData[2] >> 7);
     const U8* position = m_pData + kFirstCodeOffset;
     // Codes are taken until the count is used up exactly. A count that is no
-    // multiple of three wraps and runs on, so it ends at the buffer's end.
+    // multiple of three would leave a partial code at the end: it is refused
+    // there, without reading past the descriptor.
     for (U32 remaining = dataLength - kFirstCodeOffset; remaining != 0; remaining -= kCountryCodeLength) {
-        if (!fits(position, limit, kCountryCodeLength)) {
+        if (remaining < kCountryCodeLength || !fits(position, limit, kCountryCodeLength)) {
             ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
             return FALSE;
         }

@@ -21,7 +21,7 @@ public:
 
     // *parsedLength always receives 0; callers size the descriptor from its
     // header. A country loop that does not end on a whole code is refused
-    // (ERROR_INVALID_DESCRIPTOR_LENGTH) once it reaches the end of the buffer.
+    // (ERROR_INVALID_DESCRIPTOR_LENGTH) at the partial code.
     static TCountryAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode);
     static TCountryAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
