@@ -38,8 +38,11 @@ BOOL TISDBTTable::parseCommonHeader(U8* sectionData, U32 dataLength, BOOL /*chec
         ISDBTUtils::setErrorCode(errorCode, ERROR_INVALID_DATA_LENGTH);
         return FALSE;
     }
-    // A table whose minimum is below the 3 header bytes must still not read past them.
-    if (!requireBytes(sectionData, sectionData + dataLength, COMMON_HEADER_LENGTH, errorCode))
+    // A table whose minimum is below the 3 header bytes must still not read
+    // past them: each is checked for just before it is read, so table_id is
+    // compared whenever its byte is there.
+    const U8* limit = sectionData + dataLength;
+    if (!requireBytes(sectionData, limit, 1, errorCode))
         return FALSE;
     if (sectionData[0] != m_iExpectedTableId) {
         VURO_LOGW("%s: TISDBTTable::parse: Unexpected table ID. Got 0x%02X, instead of 0x%02X. Aborting!",
@@ -47,6 +50,8 @@ BOOL TISDBTTable::parseCommonHeader(U8* sectionData, U32 dataLength, BOOL /*chec
         ISDBTUtils::setErrorCode(errorCode, ERROR_INVALID_TABLE_ID);
         return FALSE;
     }
+    if (!requireBytes(sectionData, limit, COMMON_HEADER_LENGTH, errorCode))
+        return FALSE;
     const U16 section_length = static_cast<U16>(((sectionData[1] & 0x0F) << 8) | sectionData[2]);
     if (section_length > dataLength - COMMON_HEADER_LENGTH) {
         VURO_LOGW("%s: TISDBTTable::parse: Section length exceeds data length. Aborting!", VURO_LOG_ORIGIN);

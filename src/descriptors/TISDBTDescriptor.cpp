@@ -21,14 +21,19 @@ BOOL TISDBTDescriptor::parseCommonHeader(U8* sectionData, U32 dataLength, U16* e
     }
     // The sum is kept to 8 bits, as the field it is compared for is.
     const U8 required = static_cast<U8>(minimumDescriptorLength + COMMON_HEADER_LENGTH);
-    // A minimum of 254 or more wraps the sum below the two header bytes; those
-    // are still needed before the tag and length can be read.
-    if (required > dataLength || dataLength < COMMON_HEADER_LENGTH) {
+    // A minimum of 254 or more wraps the sum below the two header bytes, which
+    // are still needed: each is checked for just before it is read (the tag
+    // is compared whenever its byte is there).
+    const auto shorterThan = [&](U32 needed) {
         VURO_LOGW("%s: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: %u < %u. Aborting!",
-                  VURO_LOG_ORIGIN, dataLength, required > dataLength ? required : COMMON_HEADER_LENGTH);
+                  VURO_LOG_ORIGIN, dataLength, needed);
         ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
         return FALSE;
-    }
+    };
+    if (required > dataLength)
+        return shorterThan(required);
+    if (dataLength < 1)
+        return shorterThan(COMMON_HEADER_LENGTH);
     if (sectionData[0] != expectedDescriptorTag) {
         VURO_LOGW("%s: TISDBTDescriptor::parseCommonHeader: (3) Unexpected Descriptor Tag. Got 0x%02X, instead of "
                   "0x%02X. Aborting!",
@@ -36,6 +41,8 @@ BOOL TISDBTDescriptor::parseCommonHeader(U8* sectionData, U32 dataLength, U16* e
         ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG);
         return FALSE;
     }
+    if (dataLength < COMMON_HEADER_LENGTH)
+        return shorterThan(COMMON_HEADER_LENGTH);
     const U32 descriptorLength = sectionData[1];
     if (descriptorLength + COMMON_HEADER_LENGTH > dataLength) {
         // Arguments stand as (needed, available) although the text reads

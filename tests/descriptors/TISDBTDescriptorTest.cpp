@@ -82,6 +82,18 @@ TEST(DescriptorHeader, WrappedMinimumStillNeedsTheTwoHeaderBytes)
                     "Aborting!");
 }
 
+TEST(DescriptorHeader, WrappedMinimumStillChecksTheTagWhenItsByteIsThere)
+{
+    LogCapture log;
+    // One byte: the wrapped check 2 passes and the tag byte lies inside the
+    // data, so the tag is compared before the missing length byte stops it.
+    HeaderCase r = check({0x40}, 255, 0x41);
+    EXPECT_EQ(r.result, FALSE);
+    EXPECT_EQ(r.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG);
+    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (3) Unexpected Descriptor Tag. Got "
+                         "0x40, instead of 0x41. Aborting!");
+}
+
 TEST(DescriptorHeader, TagMismatchIsReportedBeforeAnOverlongLength)
 {
     LogCapture log;

@@ -58,6 +58,25 @@ TEST(TableHeader, ChecksInOrderWithTheirCodesAndLines)
                     "ISDBTUtils: TISDBTTable::parse: Section length exceeds data length. Aborting!");
 }
 
+TEST(TableHeader, ShortMinimumStillChecksTheTableIdWhenItsByteIsThere)
+{
+    LogCapture log;
+    // A one-byte minimum and one byte of data: table_id is compared before
+    // the missing section_length bytes stop the check.
+    ExactBuffer wrongId({0x3C});
+    TISDBTTable table(TISDBTTable::DSI_DII, 1, 0x3B, wrongId.data(), wrongId.size());
+    U16 bodyLength = 0;
+    U16 code = 0;
+    EXPECT_EQ(table.parseCommonHeader(wrongId.data(), wrongId.size(), FALSE, &code, &bodyLength, nullptr), FALSE);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
+
+    ExactBuffer rightId({0x3B});
+    EXPECT_EQ(table.parseCommonHeader(rightId.data(), rightId.size(), FALSE, &code, &bodyLength, nullptr), FALSE);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x3C, instead of 0x3B. Aborting!",
+                    "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 1 < 3. Aborting!");
+}
+
 TEST(TableHeader, SectionLengthUsesTwelveBitsAndMayLeaveBytesOver)
 {
     Bytes bytes = patSection(0);
