@@ -61,7 +61,8 @@ BOOL TISDBTTable::parseCommonHeader(U8* sectionData, U32 dataLength, BOOL /*chec
     // section_syntax_indicator and the reserved bits are not examined. A
     // section_length below 4 wraps the 16-bit body length; the bodies then stop
     // at the end of the data instead of reading past it.
-    *sectionLength = static_cast<U16>(section_length - CRC_LENGTH);
+    if (sectionLength)
+        *sectionLength = static_cast<U16>(section_length - CRC_LENGTH);
     return TRUE;
 }
 

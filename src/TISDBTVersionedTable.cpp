@@ -36,7 +36,8 @@ BOOL TISDBTVersionedTable::parseCommonHeader(U8* sectionData, U32 dataLength, BO
     m_bCurrentIndicator = sectionData[5] & 0x01;
     m_iSectionNum = sectionData[6];
     m_iLastSectionNum = sectionData[7];
-    *sectionLength = static_cast<U16>(*sectionLength - 5);
+    if (sectionLength)
+        *sectionLength = static_cast<U16>(*sectionLength - 5);
 
     if (!previous)
         return TRUE; // any section number and current_next_indicator

@@ -25,7 +25,8 @@ TLocalTimeOffsetDescriptor* TLocalTimeOffsetDescriptor::parse(U8* sectionData, U
 
 void TLocalTimeOffsetDescriptor::add(TLocalTimeOffsetDescriptorItem* item)
 {
-    m_pItems.add(item->getCountryCode(), item);
+    if (item)
+        m_pItems.add(item->getCountryCode(), item);
 }
 
 BOOL TLocalTimeOffsetDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)

@@ -32,7 +32,7 @@ public:
 
     U32 size() const { return m_pItems.size(); }
     // Stores under the item's country code; an item already there is
-    // displaced and not deleted.
+    // displaced and not deleted. A null item is ignored.
     void add(TLocalTimeOffsetDescriptorItem* item);
     TLocalTimeOffsetDescriptorItem* get(std::string countryCode) const { return m_pItems.get(countryCode); }
     // Ascending byte order.

@@ -25,7 +25,8 @@ TServiceListDescriptor* TServiceListDescriptor::parse(U8* sectionData, U32 dataL
 
 void TServiceListDescriptor::add(TServiceListDescriptorItem* item)
 {
-    m_pItems.add(item->getServiceID(), item);
+    if (item)
+        m_pItems.add(item->getServiceID(), item);
 }
 
 BOOL TServiceListDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)

@@ -29,7 +29,7 @@ public:
 
     U32 size() const { return m_pItems.size(); }
     // Stores under the item's service id; an item already there is displaced
-    // and not deleted.
+    // and not deleted. A null item is ignored.
     void add(TServiceListDescriptorItem* item);
     TServiceListDescriptorItem* get(U8 serviceID) const { return m_pItems.get(serviceID); }
     std::list<U8> getServiceIDs() const { return m_pItems.keys(); }

@@ -23,7 +23,8 @@ TPATTable* TPATTable::parse(U8* sectionData, U32 dataLength, BOOL parseDescripto
 
 void TPATTable::add(TProgramAssociation* item)
 {
-    m_pItems.add(item->getProgramNumber(), item);
+    if (item)
+        m_pItems.add(item->getProgramNumber(), item);
 }
 
 TISDBTTable::BodyResult TPATTable::parseBody(U8* sectionData, U32 dataLength, U16 bodyLength,

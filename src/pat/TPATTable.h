@@ -33,7 +33,7 @@ public:
     // Programs, program_number 0 not among them.
     U32 size() const { return m_pItems.size(); }
     // Stores under the item's program_number; an item already there is
-    // displaced and not deleted.
+    // displaced and not deleted. A null item is ignored.
     void add(TProgramAssociation* item);
     TProgramAssociation* get(U16 programNumber) const { return m_pItems.get(programNumber); }
     std::list<U16> getProgramNumbers() const { return m_pItems.keys(); }

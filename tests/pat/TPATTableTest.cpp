@@ -168,3 +168,14 @@ TEST(PATTable, WrappedCountKeepsReadingEntriesThatLieInsideTheData)
     EXPECT_EQ(parse(data, &code), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
 }
+
+TEST(PATTable, NullItemsAndANullBodyLengthAreTolerated)
+{
+    ExactBuffer data(pat(1, 0, {{0x0101, 0x0100}}));
+    TPATTable* table = parse(data, nullptr);
+    ASSERT_NE(table, nullptr);
+    table->add(nullptr);
+    EXPECT_EQ(table->size(), 1u);
+    EXPECT_EQ(table->parseCommonHeader(data.data(), data.size(), FALSE, nullptr, nullptr, nullptr), TRUE);
+    delete table;
+}
