@@ -12,10 +12,12 @@ set_target_properties(VuroISDBTUtils PROPERTIES EXPORT_NAME ISDBTUtils INSTALL_R
 target_include_directories(VuroISDBTUtils INTERFACE $<INSTALL_INTERFACE:${VURO_INSTALL_INCLUDEDIR}>)
 install(TARGETS VuroISDBTUtils EXPORT VuroISDBTUtilsTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-# Every header of src/ but the parsers' internal support header.
+# Every header of src/ but the parsers' internal support headers.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${VURO_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h"
-    PATTERN "VuroParseSupport.h" EXCLUDE)
+    PATTERN "VuroParseSupport.h" EXCLUDE
+    PATTERN "DescriptorBodySupport.h" EXCLUDE
+    PATTERN "*DescriptorSlots.h" EXCLUDE)
 
 install(EXPORT VuroISDBTUtilsTargets NAMESPACE Vuro:: DESTINATION ${VURO_INSTALL_CMAKEDIR})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VuroISDBTUtilsConfig.cmake.in
