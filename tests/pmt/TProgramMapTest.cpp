@@ -53,7 +53,7 @@ TEST(ProgramMap, VideoEntryKeepsOnePerKindAndSkipsEmptyAndUnknownSilently)
     EXPECT_NO_LOG(log);
 }
 
-TEST(ProgramMap, LengthFailures)
+TEST(ProgramMap, LengthFailuresAndReadsStoppingAtTheEndOfTheOutermostBuffer)
 {
     LogCapture log;
     U16 code = 0;
@@ -73,8 +73,7 @@ TEST(ProgramMap, LengthFailures)
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
 
     // A descriptor of 3 body bytes with 2 after its header.
-    Bytes descriptorTooLong = streamEntry(0x0F, 0x0112, {0x52, 0x03, 0x10, 0x00});
-    ExactBuffer overrun(descriptorTooLong);
+    ExactBuffer overrun(streamEntry(0x0F, 0x0112, {0x52, 0x03, 0x10, 0x00}));
     EXPECT_EQ(parse(overrun, &length, &code), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
 
@@ -83,11 +82,27 @@ TEST(ProgramMap, LengthFailures)
     EXPECT_EQ(parse(copyright, &length, &code), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     EXPECT_EQ(length, 5u);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TProgramMap::parse: Item length not valid: 4. Aborting!",
-                    "ISDBTUtils: TProgramMap::parse: Item length not valid: 4 > 3. Aborting!",
-                    "ISDBTUtils: TProgramMap::parse: Item length not valid: 3 > 2. Aborting!",
+
+    // Handed more than the buffer holds, as a table with a wrapped body
+    // count does: a known descriptor running past the buffer is not read.
+    ExactBuffer known({0x1B, 0xE1, 0x11, 0xF0, 0x06, 0x52, 0x04, 0x00});
+    EXPECT_EQ(TProgramMap::parse(known.data(), 200, TRUE, &length, &code, known.data() + known.size()), nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    // An unknown one is skipped unread; it closes the loop, so the entry stands.
+    ExactBuffer unknown({0x1B, 0xE1, 0x11, 0xF0, 0x06, 0x09, 0x04, 0x00});
+    std::unique_ptr<TProgramMap> entry(
+        TProgramMap::parse(unknown.data(), 200, TRUE, &length, &code, unknown.data() + unknown.size()));
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(length, 11u);
+    // The buffer ending inside a descriptor header.
+    ExactBuffer header({0x1B, 0xE1, 0x11, 0xF0, 0x04, 0x52});
+    EXPECT_EQ(TProgramMap::parse(header.data(), 200, TRUE, &length, &code, header.data() + header.size()), nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    const std::string prefix = "ISDBTUtils: TProgramMap::parse: Item length not valid: ";
+    EXPECT_WARNINGS(log, prefix + "4. Aborting!", prefix + "4 > 3. Aborting!", prefix + "3 > 2. Aborting!",
                     "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 3 < 5. "
-                    "Aborting!");
+                    "Aborting!",
+                    prefix + "4 > 1. Aborting!", prefix + "2 > 1. Aborting!");
 }
 
 TEST(ProgramMap, MalformedLanguageEmptiesItsSlotAndKeepsTheStream)
@@ -108,29 +123,4 @@ TEST(ProgramMap, MalformedLanguageEmptiesItsSlotAndKeepsTheStream)
                     "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 3 > 2. "
                     "Aborting!",
                     "ISDBTUtils: TISO639LanguageDescriptor:: parse: ERROR: parsing Language Code. Aborting!");
-}
-
-TEST(ProgramMap, ReadsStopAtTheEndOfTheOutermostBuffer)
-{
-    LogCapture log;
-    U16 code = 0;
-    U32 length = 0;
-    // Handed more than the buffer holds, as a table with a wrapped body
-    // count does: a known descriptor running past the buffer is not read.
-    ExactBuffer known(concat({{0x1B, 0xE1, 0x11, 0xF0, 0x06}, {0x52, 0x04, 0x00}}));
-    EXPECT_EQ(TProgramMap::parse(known.data(), 200, TRUE, &length, &code, known.data() + known.size()), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-
-    // An unknown one is skipped unread; it closes the loop, so the entry stands.
-    ExactBuffer unknown(concat({{0x1B, 0xE1, 0x11, 0xF0, 0x06}, {0x09, 0x04, 0x00}}));
-    std::unique_ptr<TProgramMap> entry(
-        TProgramMap::parse(unknown.data(), 200, TRUE, &length, &code, unknown.data() + unknown.size()));
-    ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(length, 11u);
-
-    // The buffer ending inside a descriptor header.
-    ExactBuffer header({0x1B, 0xE1, 0x11, 0xF0, 0x04, 0x52});
-    EXPECT_EQ(TProgramMap::parse(header.data(), 200, TRUE, &length, &code, header.data() + header.size()), nullptr);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TProgramMap::parse: Item length not valid: 4 > 1. Aborting!",
-                    "ISDBTUtils: TProgramMap::parse: Item length not valid: 2 > 1. Aborting!");
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <sdt/TSDTTable.h>
 
 #include "../support/LogCapture.h"
@@ -24,17 +26,53 @@ Bytes sdt(const Bytes& services, U8 tableId = 0x42)
     return SectionBuilder(tableId).longHeader(0x0640, 1).u16(0x0641).u8(0xFF).bytes(services).build();
 }
 
-TSDTTable* parse(ExactBuffer& data, U16* code)
+std::unique_ptr<TSDTTable> parse(ExactBuffer& data, U16* code, BOOL parseDescriptors = TRUE)
 {
-    return TSDTTable::parse(data.data(), data.size(), TRUE, TRUE, code, nullptr);
+    return std::unique_ptr<TSDTTable>(
+        TSDTTable::parse(data.data(), data.size(), parseDescriptors, TRUE, code, nullptr));
 }
+
+::testing::AssertionResult verdict(bool parsed, U16 code, U16 expected)
+{
+    if (parsed || code != expected)
+        return ::testing::AssertionFailure() << (parsed ? "parsed" : "refused") << " with code " << code;
+    return ::testing::AssertionSuccess();
+}
+
+// The section is refused with the given code.
+::testing::AssertionResult refused(const Bytes& bytes, U16 expected)
+{
+    ExactBuffer data(bytes);
+    U16 code = 0;
+    const bool parsed = parse(data, &code) != nullptr;
+    return verdict(parsed, code, expected);
+}
+
+// The service entry is refused with the given code; handed dataLength bytes
+// (when not 0) by a section whose count goes past the buffer.
+::testing::AssertionResult serviceRefused(const Bytes& bytes, U16 expected, U32 dataLength = 0)
+{
+    ExactBuffer data(bytes);
+    U16 code = 0;
+    U8* end = data.data() + data.size();
+    std::unique_ptr<TServiceDescription> entry(
+        dataLength ? TServiceDescription::parse(data.data(), dataLength, TRUE, nullptr, &code, end)
+                   : TServiceDescription::parse(data.data(), data.size(), TRUE, nullptr, &code));
+    return verdict(entry != nullptr, code, expected);
+}
+
+std::string serviceLength(const std::string& sizes)
+{
+    return "ISDBTUtils: TServiceDescription::parse: Item length not valid: " + sizes + ". Aborting!";
+}
+
+const std::string kUnknown4D = "ISDBTUtils: TServiceDescription::parse: Unknown descriptor: 0x4D. Ignored!";
+const std::string kShortTable = "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 3. Aborting!";
+const std::string kHeader = "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: ";
 
 // A header announcing section_length 5: the 16-bit body count wraps, and the
 // section goes on with rest.
-ExactBuffer wrappedBody(const Bytes& rest)
-{
-    return ExactBuffer(concat({{0x42, 0xF0, 0x05, 0x06, 0x40, 0xC3, 0x00, 0x00}, rest}));
-}
+Bytes wrappedBody(const Bytes& rest) { return concat({{0x42, 0xF0, 0x05, 0x06, 0x40, 0xC3, 0x00, 0x00}, rest}); }
 
 } // namespace
 
@@ -50,7 +88,7 @@ TEST(SDTTable, ThreeServicesReadBackInAscendingOrder)
          service(0xE5B8, 0x00, 0x00, {})})));
     U16 code = 0xBEEF;
     // parseDescriptors FALSE has no effect.
-    TSDTTable* table = TSDTTable::parse(data.data(), data.size(), FALSE, TRUE, &code, nullptr);
+    std::unique_ptr<TSDTTable> table = parse(data, &code, FALSE);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(table->getTransportStreamID(), 0x0640);
@@ -90,15 +128,14 @@ TEST(SDTTable, ThreeServicesReadBackInAscendingOrder)
     EXPECT_EQ(second->getCAIdentifierDescriptor()->getCASystemIDs()[0], 0x0520);
     EXPECT_TRUE(table->getServiceDescription(0xE5B8)->getDescriptorTags().empty());
     EXPECT_EQ(table->getServiceDescription(0xE599), nullptr);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TServiceDescription::parse: Unknown descriptor: 0x4D. Ignored!");
-    delete table;
+    EXPECT_WARNINGS(log, kUnknown4D);
 }
 
-TEST(SDTTable, RepeatsKeepTheLaterAndCallersAddWithoutDeleting)
+TEST(SDTTable, RepeatsKeepTheLaterCallersAddWithoutDeletingAndAnEmptyBody)
 {
     ExactBuffer data(sdt(concat({service(0x0101, 0, 0x40, {}), service(0x0010, 0, 0, {}),
                                  service(0x0101, 0, 0x60, concat({descriptor(0x47, {'A'}), descriptor(0x47, {'B'})}))})));
-    TSDTTable* table = parse(data, nullptr);
+    std::unique_ptr<TSDTTable> table = parse(data, nullptr);
     ASSERT_NE(table, nullptr);
     TServiceDescription* later = table->getServiceDescription(0x0101);
     EXPECT_EQ(later->getRunningStatus(), TServiceDescription::RUNNING_STATUS_PAUSING);
@@ -112,67 +149,34 @@ TEST(SDTTable, RepeatsKeepTheLaterAndCallersAddWithoutDeleting)
     EXPECT_EQ(table->removeServiceDescription(0x0102), FALSE);
     EXPECT_EQ(table->removeServiceDescription(0x0010), TRUE);
     EXPECT_EQ(table->getServiceIDs(), (std::list<U16>{0x0101}));
-    delete table;
-}
 
-TEST(SDTTable, EmptyBodyAndHeaderFailures)
-{
     LogCapture log;
     ExactBuffer empty(sdt({}));
-    TSDTTable* table = parse(empty, nullptr);
+    table = parse(empty, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->size(), 0u);
     EXPECT_EQ(table->getOriginalNetworkID(), 0x0641);
-    delete table;
-
-    U16 code = 0;
-    ExactBuffer otherStream(sdt({}, 0x46));
-    EXPECT_EQ(parse(otherStream, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
-    ExactBuffer two({0x42, 0xF0});
-    EXPECT_EQ(parse(two, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x46, instead of 0x42. Aborting!",
-                    "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 3. Aborting!");
+    EXPECT_NO_LOG(log);
 }
 
-TEST(SDTTable, FailingServicesFailTheTable)
+TEST(SDTTable, RefusedSections)
 {
     LogCapture log;
-    U16 code = 0;
-    ExactBuffer fragment(sdt(concat({service(0x0101, 0, 0x80, {}), {0x01, 0x02, 0xFD}})));
-    EXPECT_EQ(parse(fragment, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_ITEM);
+    const U16 length = TISDBTTable::ERROR_INVALID_DATA_LENGTH, item = TISDBTTable::ERROR_INVALID_ITEM;
+    EXPECT_TRUE(refused(sdt({}, 0x46), TISDBTTable::ERROR_INVALID_TABLE_ID));
+    EXPECT_TRUE(refused({0x42, 0xF0}, length));
+    EXPECT_TRUE(refused(sdt(concat({service(0x0101, 0, 0x80, {}), {0x01, 0x02, 0xFD}})), item));
     // An empty known descriptor goes to its parser, which refuses it.
-    ExactBuffer emptyKnown(sdt(service(0x0101, 0, 0x80, descriptor(0x48, {}))));
-    EXPECT_EQ(parse(emptyKnown, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_ITEM);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TServiceDescription::parse: Item length not valid: 3. Aborting!",
-                    "ISDBTUtils: TSDTTable::parse: Invalid item. Aborting!",
-                    "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 2 < 5. "
-                    "Aborting!",
-                    "ISDBTUtils: TSDTTable::parse: Invalid item. Aborting!");
-}
-
-TEST(SDTTable, WrappedBodyCountStopsAtTheEndOfTheBuffer)
-{
-    LogCapture log;
-    U16 code = 0;
-    ExactBuffer noNetwork(wrappedBody({0x06, 0x40}));
-    EXPECT_EQ(parse(noNetwork, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-    // One service fits; the wrapped count asks for another at the end.
-    ExactBuffer oneService(wrappedBody(concat({{0x06, 0x40, 0xFF}, service(0x0101, 0, 0x80, {})})));
-    EXPECT_EQ(parse(oneService, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_ITEM);
-    ExactBuffer descriptorPast(wrappedBody({0x06, 0x40, 0xFF, 0x01, 0x02, 0xFD, 0x80, 0x0C, 0x48, 0x0A, 0x01, 0x00}));
-    EXPECT_EQ(parse(descriptorPast, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_ITEM);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 3. Aborting!",
-                    "ISDBTUtils: TServiceDescription::parse: Item length not valid: 0. Aborting!",
-                    "ISDBTUtils: TSDTTable::parse: Invalid item. Aborting!",
-                    "ISDBTUtils: TServiceDescription::parse: Item length not valid: 10 > 2. Aborting!",
-                    "ISDBTUtils: TSDTTable::parse: Invalid item. Aborting!");
+    EXPECT_TRUE(refused(sdt(service(0x0101, 0, 0x80, descriptor(0x48, {}))), item));
+    // Wrapped body count: no original_network_id; one service fits and the
+    // count asks for another at the end; a descriptor past the data.
+    EXPECT_TRUE(refused(wrappedBody({0x06, 0x40}), length));
+    EXPECT_TRUE(refused(wrappedBody(concat({{0x06, 0x40, 0xFF}, service(0x0101, 0, 0x80, {})})), item));
+    EXPECT_TRUE(refused(wrappedBody({0x06, 0x40, 0xFF, 0x01, 0x02, 0xFD, 0x80, 0x0C, 0x48, 0x0A, 0x01, 0x00}), item));
+    const std::string badItem = "ISDBTUtils: TSDTTable::parse: Invalid item. Aborting!";
+    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x46, instead of 0x42. Aborting!",
+                    kShortTable, serviceLength("3"), badItem, kHeader + "2 < 5. Aborting!", badItem, kShortTable,
+                    serviceLength("0"), badItem, serviceLength("10 > 2"), badItem);
 }
 
 TEST(ServiceDescription, Byte0x9FAndAFullLoopOfStuffing)
@@ -198,41 +202,25 @@ TEST(ServiceDescription, Byte0x9FAndAFullLoopOfStuffing)
 TEST(ServiceDescription, LengthFailuresAndTheOuterLimit)
 {
     LogCapture log;
-    U16 code = 0;
-    U32 length = 0;
-    ExactBuffer loopTooLong({0x01, 0x01, 0xFF, 0x80, 0x03, 0x42, 0x00});
-    EXPECT_EQ(TServiceDescription::parse(loopTooLong.data(), loopTooLong.size(), TRUE, nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    const U16 length = TISDBTTable::ERROR_INVALID_DATA_LENGTH;
+    EXPECT_TRUE(serviceRefused({0x01, 0x01, 0xFF, 0x80, 0x03, 0x42, 0x00}, length));
     // A failing descriptor leaves its own code and adds no line of the service's.
-    ExactBuffer emptyKnown(service(0x0101, 0, 0x80, descriptor(0xDE, {})));
-    EXPECT_EQ(TServiceDescription::parse(emptyKnown.data(), emptyKnown.size(), TRUE, nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    EXPECT_TRUE(serviceRefused(service(0x0101, 0, 0x80, descriptor(0xDE, {})),
+                               TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH));
 
     // The section count says 0x100 bytes remain; the buffer ends after the
     // descriptor header. An unknown descriptor closing the loop is skipped
     // without reading its body; a known one must lie inside the buffer.
     ExactBuffer unknownPast({0x01, 0x01, 0xFF, 0x80, 0x22, 0x4D, 0x20});
-    TServiceDescription* entry = TServiceDescription::parse(unknownPast.data(), 0x100, TRUE, &length, &code,
-                                                            unknownPast.data() + unknownPast.size());
+    U32 itemLength = 0;
+    std::unique_ptr<TServiceDescription> entry(TServiceDescription::parse(
+        unknownPast.data(), 0x100, TRUE, &itemLength, nullptr, unknownPast.data() + unknownPast.size()));
     ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(length, 5u + 0x22);
-    delete entry;
-    ExactBuffer knownPast({0x01, 0x01, 0xFF, 0x80, 0x22, 0x48, 0x20});
-    EXPECT_EQ(TServiceDescription::parse(knownPast.data(), 0x100, TRUE, &length, &code,
-                                         knownPast.data() + knownPast.size()),
-              nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    EXPECT_EQ(itemLength, 5u + 0x22);
+    EXPECT_TRUE(serviceRefused({0x01, 0x01, 0xFF, 0x80, 0x22, 0x48, 0x20}, length, 0x100));
     // With one section byte left the unsigned check passes any length (1 - 2
     // wraps); the wrapped loop count walks on until a header lies past the buffer.
-    ExactBuffer wrapped({0x01, 0x01, 0xFF, 0x80, 0x01, 0x4D, 0x01, 0x00, 0x42, 0x01, 0x00});
-    EXPECT_EQ(TServiceDescription::parse(wrapped.data(), 9, TRUE, nullptr, &code, wrapped.data() + wrapped.size()),
-              nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TServiceDescription::parse: Item length not valid: 3 > 2. Aborting!",
-                    "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 2 < 3. "
-                    "Aborting!",
-                    "ISDBTUtils: TServiceDescription::parse: Unknown descriptor: 0x4D. Ignored!",
-                    "ISDBTUtils: TServiceDescription::parse: Item length not valid: 32 > 0. Aborting!",
-                    "ISDBTUtils: TServiceDescription::parse: Unknown descriptor: 0x4D. Ignored!",
-                    "ISDBTUtils: TServiceDescription::parse: Item length not valid: 2 > 0. Aborting!");
+    EXPECT_TRUE(serviceRefused({0x01, 0x01, 0xFF, 0x80, 0x01, 0x4D, 0x01, 0x00, 0x42, 0x01, 0x00}, length, 9));
+    EXPECT_WARNINGS(log, serviceLength("3 > 2"), kHeader + "2 < 3. Aborting!", kUnknown4D, serviceLength("32 > 0"),
+                    kUnknown4D, serviceLength("2 > 0"));
 }

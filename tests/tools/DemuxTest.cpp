@@ -10,22 +10,20 @@
 
 using namespace VuroTools;
 using VuroTest::Bytes;
+using VuroTest::concat;
 using VuroTest::SectionBuilder;
 
 namespace {
-
-struct Found {
-    std::uint16_t pid;
-    Bytes section;
-};
 
 class Recorder : public SectionSink {
 public:
     void onSection(std::uint16_t pid, std::uint8_t* section, std::size_t length) override
     {
-        found.push_back({pid, Bytes(section, section + length)});
+        pids.push_back(pid);
+        found.emplace_back(section, section + length);
     }
-    std::vector<Found> found;
+    std::vector<std::uint16_t> pids;
+    std::vector<Bytes> found;
 };
 
 // A section of the given total size (header and CRC_32 included).
@@ -35,10 +33,14 @@ Bytes section(std::uint8_t tableId, std::size_t size, std::uint8_t fill = 0x11)
 }
 
 struct PacketSpec {
-    std::uint16_t pid = 0x100;
-    std::uint8_t cc = 0;
-    bool unitStart = false;
-    Bytes adaptation;        // adaptation field body, after its length byte
+    PacketSpec(std::uint16_t pid_, std::uint8_t cc_, bool unitStart_ = false, Bytes adaptation_ = {})
+        : pid(pid_), cc(cc_), unitStart(unitStart_), adaptation(std::move(adaptation_))
+    {
+    }
+    std::uint16_t pid;
+    std::uint8_t cc;
+    bool unitStart;
+    Bytes adaptation; // adaptation field body, after its length byte
     bool adaptationOnly = false;
     bool error = false;
     std::uint8_t scrambling = 0;
@@ -53,22 +55,13 @@ Bytes packet(const PacketSpec& spec, const Bytes& payload)
     out.push_back(static_cast<std::uint8_t>(spec.scrambling << 6 | control | (spec.cc & 0x0F)));
     if (adaptation) {
         // Stuff the adaptation field so that the payload ends the packet.
-        const std::size_t room = 184 - 1 - (spec.adaptationOnly ? 0 : payload.size());
         Bytes field = spec.adaptation;
-        field.resize(room, 0xFF);
+        field.resize(184 - 1 - (spec.adaptationOnly ? 0 : payload.size()), 0xFF);
         out.push_back(static_cast<std::uint8_t>(field.size()));
         out.insert(out.end(), field.begin(), field.end());
     }
     out.insert(out.end(), payload.begin(), payload.end());
     out.resize(188, 0xFF);
-    return out;
-}
-
-// Payload of a packet starting sections: pointer_field, then the bytes.
-Bytes startPayload(std::uint8_t pointer, const Bytes& bytes)
-{
-    Bytes out{pointer};
-    out.insert(out.end(), bytes.begin(), bytes.end());
     return out;
 }
 
@@ -81,176 +74,128 @@ Bytes slice(const Bytes& bytes, std::size_t from, std::size_t count)
 class DemuxTest : public ::testing::Test {
 protected:
     void SetUp() override { demux.addPid(0x100); }
-    void feed(Bytes packetBytes) { demux.packet(packetBytes.data()); }
+    void feed(const PacketSpec& spec, const Bytes& payload)
+    {
+        Bytes bytes = packet(spec, payload);
+        demux.packet(bytes.data());
+    }
+    // A packet of PID 0x100 starting sections: pointer_field, then the bytes.
+    void start(std::uint8_t cc, const Bytes& bytes, std::uint8_t pointer = 0)
+    {
+        feed({0x100, cc, true}, concat({{pointer}, bytes}));
+    }
+    // A packet of PID 0x100 going on with a section.
+    void more(std::uint8_t cc, const Bytes& bytes) { feed({0x100, cc, false}, bytes); }
+    const PidCounters& counters() const { return *demux.counters(0x100); }
 
     Recorder sink;
     SectionDemux demux{sink};
 };
 
-TEST_F(DemuxTest, SectionInOnePacketThenStuffing)
-{
-    const Bytes pat = section(0x00, 24);
-    PacketSpec spec;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, pat)));
-    ASSERT_EQ(sink.found.size(), 1u);
-    EXPECT_EQ(sink.found[0].pid, 0x100);
-    EXPECT_EQ(sink.found[0].section, pat);
-    EXPECT_EQ(demux.counters(0x100)->packets, 1u);
-}
-
 TEST_F(DemuxTest, SectionSpanningThreePacketsAndPointerField)
 {
-    const Bytes big = section(0x42, 400);
-    const Bytes next = section(0x42, 30, 0x22);
-    PacketSpec spec;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, slice(big, 0, 183))));
-    spec.unitStart = false;
-    spec.cc = 1;
-    feed(packet(spec, slice(big, 183, 184)));
+    const Bytes big = section(0x42, 400), next = section(0x42, 30, 0x22);
+    start(0, slice(big, 0, 183));
+    more(1, slice(big, 183, 184));
     EXPECT_TRUE(sink.found.empty());
     // The last 33 bytes end the section before pointer_field; the next one starts after them.
-    spec.unitStart = true;
-    spec.cc = 2;
-    Bytes tail = slice(big, 367, 33);
-    tail.insert(tail.end(), next.begin(), next.end());
-    feed(packet(spec, startPayload(33, tail)));
-    ASSERT_EQ(sink.found.size(), 2u);
-    EXPECT_EQ(sink.found[0].section, big);
-    EXPECT_EQ(sink.found[1].section, next);
+    start(2, concat({slice(big, 367, 33), next}), 33);
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{big, next}));
 }
 
 TEST_F(DemuxTest, SeveralSectionsInOnePacketAndHeaderSplitAcrossPackets)
 {
     const Bytes a = section(0x4E, 60, 0x01), b = section(0x4E, 121, 0x02), c = section(0x4E, 80, 0x03);
     // a and b fit, c starts with only 2 of its 3 header bytes in the first packet.
-    Bytes first = a;
-    first.insert(first.end(), b.begin(), b.end());
-    const std::size_t room = 183 - first.size();
+    const std::size_t room = 183 - a.size() - b.size();
     ASSERT_LT(room, 3u);
-    Bytes cHead = slice(c, 0, room);
-    first.insert(first.end(), cHead.begin(), cHead.end());
-    PacketSpec spec;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, first)));
-    ASSERT_EQ(sink.found.size(), 2u);
-    spec.unitStart = false;
-    spec.cc = 1;
-    feed(packet(spec, slice(c, room, c.size())));
-    ASSERT_EQ(sink.found.size(), 3u);
-    EXPECT_EQ(sink.found[0].section, a);
-    EXPECT_EQ(sink.found[1].section, b);
-    EXPECT_EQ(sink.found[2].section, c);
+    start(0, concat({a, b, slice(c, 0, room)}));
+    EXPECT_EQ(sink.found.size(), 2u);
+    more(1, slice(c, room, c.size()));
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{a, b, c}));
 }
 
 TEST_F(DemuxTest, StuffingEndsThePacketAndBytesAfterASectionInAContinuationAreIgnored)
 {
     const Bytes a = section(0x00, 20);
-    Bytes payload = a;
-    payload.push_back(0xFF);
     const Bytes ignored = section(0x00, 20, 0x33); // after stuffing: not a section
-    payload.insert(payload.end(), ignored.begin(), ignored.end());
-    PacketSpec spec;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, payload)));
-    ASSERT_EQ(sink.found.size(), 1u);
+    start(0, concat({a, {0xFF}, ignored}));
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{a}));
+    EXPECT_EQ(sink.pids, (std::vector<std::uint16_t>{0x100}));
+    EXPECT_EQ(counters().packets, 1u);
 
     // A section that ends in a packet without payload_unit_start_indicator:
     // what follows it there is stuffing, whatever its value.
     const Bytes big = section(0x00, 200);
-    spec.cc = 1;
-    feed(packet(spec, startPayload(0, slice(big, 0, 183))));
-    spec.unitStart = false;
-    spec.cc = 2;
-    Bytes rest = slice(big, 183, 17);
-    rest.insert(rest.end(), ignored.begin(), ignored.end());
-    feed(packet(spec, rest));
-    ASSERT_EQ(sink.found.size(), 2u);
-    EXPECT_EQ(sink.found[1].section, big);
+    start(1, slice(big, 0, 183));
+    more(2, concat({slice(big, 183, 17), ignored}));
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{a, big}));
 }
 
 TEST_F(DemuxTest, AdaptationFieldsAreSkippedAndAdaptationOnlyPacketsKeepTheCounter)
 {
     const Bytes big = section(0x02, 250);
-    PacketSpec spec;
-    spec.unitStart = true;
-    spec.adaptation = {0x10, 1, 2, 3, 4, 5, 6}; // PCR flag and a PCR
-    feed(packet(spec, startPayload(0, slice(big, 0, 150))));
-    PacketSpec only;
+    PacketSpec spec{0x100, 0, true, {0x10, 1, 2, 3, 4, 5, 6}}; // PCR flag and a PCR
+    feed(spec, concat({{0}, slice(big, 0, 150)}));
+    PacketSpec only{0x100, 0}; // no payload: the counter does not advance
     only.adaptationOnly = true;
-    only.cc = 0; // no payload: the counter does not advance
-    feed(packet(only, {}));
-    spec = PacketSpec();
-    spec.cc = 1;
-    spec.adaptation = {0x00};
-    feed(packet(spec, slice(big, 150, 100)));
-    ASSERT_EQ(sink.found.size(), 1u);
-    EXPECT_EQ(sink.found[0].section, big);
-    EXPECT_EQ(demux.counters(0x100)->continuityErrors, 0u);
+    feed(only, {});
+    feed({0x100, 1, false, {0x00}}, slice(big, 150, 100));
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{big}));
+    EXPECT_EQ(counters().continuityErrors, 0u);
 }
 
 TEST_F(DemuxTest, ErrorAndScrambledPacketsAreSkipped)
 {
     const Bytes a = section(0x00, 30);
-    PacketSpec spec;
-    spec.unitStart = true;
+    PacketSpec spec{0x100, 0, true};
     spec.error = true;
-    feed(packet(spec, startPayload(0, a)));
+    feed(spec, concat({{0}, a}));
     spec.error = false;
     spec.scrambling = 2;
-    feed(packet(spec, startPayload(0, a)));
+    feed(spec, concat({{0}, a}));
     EXPECT_TRUE(sink.found.empty());
-    EXPECT_EQ(demux.counters(0x100)->errorPackets, 1u);
-    EXPECT_EQ(demux.counters(0x100)->scrambledPackets, 1u);
-    spec.scrambling = 0;
-    spec.cc = 1;
-    feed(packet(spec, startPayload(0, a)));
+    EXPECT_EQ(counters().errorPackets, 1u);
+    EXPECT_EQ(counters().scrambledPackets, 1u);
+    start(1, a);
     EXPECT_EQ(sink.found.size(), 1u);
 }
 
 TEST_F(DemuxTest, ContinityBreakDropsThePartialSectionAndIsCounted)
 {
     const Bytes big = section(0x42, 300), small = section(0x42, 40);
-    PacketSpec spec;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, slice(big, 0, 183))));
-    spec.unitStart = false;
-    spec.cc = 2; // packet 1 lost
-    feed(packet(spec, slice(big, 183, 117)));
+    start(0, slice(big, 0, 183));
+    more(2, slice(big, 183, 117)); // packet 1 lost
     EXPECT_TRUE(sink.found.empty());
-    EXPECT_EQ(demux.counters(0x100)->continuityErrors, 1u);
-    EXPECT_EQ(demux.counters(0x100)->droppedSections, 1u);
+    EXPECT_EQ(counters().continuityErrors, 1u);
+    EXPECT_EQ(counters().droppedSections, 1u);
     // A repeated packet is ignored, and reassembly resumes at the next start.
-    feed(packet(spec, slice(big, 183, 117)));
-    EXPECT_EQ(demux.counters(0x100)->duplicates, 1u);
-    spec.unitStart = true;
-    spec.cc = 3;
-    feed(packet(spec, startPayload(0, small)));
-    ASSERT_EQ(sink.found.size(), 1u);
-    EXPECT_EQ(sink.found[0].section, small);
+    more(2, slice(big, 183, 117));
+    EXPECT_EQ(counters().duplicates, 1u);
+    start(3, small);
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{small}));
 }
 
 TEST_F(DemuxTest, OtherPidsAndBadPointersAreIgnored)
 {
-    PacketSpec spec;
-    spec.pid = 0x101;
-    spec.unitStart = true;
-    feed(packet(spec, startPayload(0, section(0x00, 20))));
+    feed({0x101, 0, true}, concat({{0}, section(0x00, 20)}));
     EXPECT_TRUE(sink.found.empty());
     EXPECT_EQ(demux.counters(0x101), nullptr);
-    spec.pid = 0x100;
-    feed(packet(spec, startPayload(184, {})));
+    start(0, {}, 184);
     EXPECT_TRUE(sink.found.empty());
-    EXPECT_EQ(demux.counters(0x100)->droppedSections, 1u);
+    EXPECT_EQ(counters().droppedSections, 1u);
 }
 
-// The same packets framed as 188, 192 (timestamp first) and 204 (16 bytes
-// after) are read alike.
-Bytes framed(const std::vector<Bytes>& packets, std::size_t unit)
+// Sixty packets, one in three on PID 0x100 starting a PAT, framed as 188, 192
+// (timestamp first) or 204 (16 bytes after) bytes.
+Bytes stream(std::size_t unit, int count = 60)
 {
     Bytes out;
-    for (const Bytes& p : packets) {
+    for (int i = 0; i < count; ++i) {
+        const bool pat = i % 3 == 0;
+        const std::uint16_t pid = pat ? 0x100 : 0x1FFF;
+        const Bytes p =
+            packet({pid, static_cast<std::uint8_t>(i / 3), pat}, pat ? concat({{0}, section(0x00, 24)}) : Bytes{});
         if (unit == 192)
             out.insert(out.end(), {0x12, 0x34, 0x56, 0x78});
         out.insert(out.end(), p.begin(), p.end());
@@ -260,20 +205,6 @@ Bytes framed(const std::vector<Bytes>& packets, std::size_t unit)
     return out;
 }
 
-std::vector<Bytes> streamPackets(int count, Bytes& expected)
-{
-    std::vector<Bytes> packets;
-    expected = section(0x00, 24);
-    for (int i = 0; i < count; ++i) {
-        PacketSpec spec;
-        spec.pid = i % 3 == 0 ? 0x100 : 0x1FFF;
-        spec.cc = static_cast<std::uint8_t>(i / 3);
-        spec.unitStart = spec.pid == 0x100;
-        packets.push_back(packet(spec, spec.unitStart ? startPayload(0, expected) : Bytes{}));
-    }
-    return packets;
-}
-
 struct ReadResult {
     bool ok;
     ReadReport report;
@@ -281,7 +212,7 @@ struct ReadResult {
     std::size_t sections;
 };
 
-ReadResult readThrough(const Bytes& data, std::size_t blockSize = 4096)
+ReadResult readThrough(const Bytes& data)
 {
     std::FILE* file = std::tmpfile();
     if (!data.empty())
@@ -291,7 +222,8 @@ ReadResult readThrough(const Bytes& data, std::size_t blockSize = 4096)
     Recorder sink;
     SectionDemux demux(sink);
     demux.addPid(0x100);
-    TsReader reader(fileno(file), 0, blockSize);
+    // Blocks smaller than the stream, so units straddle block ends.
+    TsReader reader(fileno(file), 0, 4096);
     ReadResult result{reader.run(demux), reader.report(), reader.error(), sink.found.size()};
     std::fclose(file);
     return result;
@@ -299,15 +231,12 @@ ReadResult readThrough(const Bytes& data, std::size_t blockSize = 4096)
 
 TEST(TsReaderTest, DetectsTheThreePacketSizes)
 {
-    Bytes expected;
-    const std::vector<Bytes> packets = streamPackets(60, expected);
     for (std::size_t unit : {188u, 192u, 204u}) {
-        const Bytes data = framed(packets, unit);
+        const Bytes data = stream(unit);
         const PacketFormat format = detectPacketFormat(data.data(), data.size());
         EXPECT_EQ(format.unitSize, unit);
         EXPECT_EQ(format.firstSync, unit == 192 ? 4u : 0u);
-        // Blocks smaller than the stream, so units straddle block ends.
-        const ReadResult result = readThrough(data, 4096);
+        const ReadResult result = readThrough(data);
         ASSERT_TRUE(result.ok) << result.error;
         EXPECT_EQ(result.report.packets, 60u) << unit;
         EXPECT_EQ(result.sections, 20u) << unit;
@@ -317,9 +246,7 @@ TEST(TsReaderTest, DetectsTheThreePacketSizes)
 
 TEST(TsReaderTest, RecoversSyncAndReportsATruncatedEnd)
 {
-    Bytes expected;
-    std::vector<Bytes> packets = streamPackets(30, expected);
-    Bytes data = framed(packets, 188);
+    Bytes data = stream(188, 30);
     data.insert(data.begin() + 188 * 10, {0x00, 0x01, 0x02}); // 3 stray bytes
     data.resize(data.size() - 100);                            // the last packet cut short
     const ReadResult result = readThrough(data);

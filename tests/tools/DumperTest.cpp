@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -25,79 +26,75 @@ Bytes pat(std::uint8_t version, std::uint16_t pmtPid = 0x01F0)
         .build();
 }
 
+// Output kept in memory.
 struct Captured {
-    std::FILE* file = std::tmpfile();
-    ~Captured() { std::fclose(file); }
-    std::string text()
+    char* buffer = nullptr;
+    std::size_t size = 0;
+    std::FILE* file = open_memstream(&buffer, &size);
+    ~Captured()
     {
-        std::fflush(file);
-        std::rewind(file);
-        std::string out;
-        char buffer[4096];
-        std::size_t got;
-        while ((got = std::fread(buffer, 1, sizeof buffer, file)) > 0)
-            out.append(buffer, got);
-        return out;
+        std::fclose(file);
+        std::free(buffer);
     }
+    std::string text() { return std::fflush(file) == 0 ? std::string(buffer, size) : std::string(); }
 };
 
-const TableCounts& countsOf(const Dumper& dumper, std::uint16_t pid, std::uint8_t tableId)
+DumpOptions options(bool json = false, bool verbose = false)
 {
-    static const TableCounts none;
-    const auto found = dumper.counts().find(std::uint32_t(pid) << 8 | tableId);
-    return found == dumper.counts().end() ? none : found->second;
+    DumpOptions result;
+    result.json = json;
+    result.verbose = verbose;
+    result.summary = false;
+    return result;
 }
 
-TEST(DumperTest, UnchangedVersionsAreCountedAndNewOnesPrinted)
-{
+// A dumper printing to a temporary file.
+struct Session {
+    explicit Session(const DumpOptions& options = DumpOptions()) : dumper(options, out.file) {}
+    void feed(std::uint16_t pid, Bytes section) { dumper.onSection(pid, section.data(), section.size()); }
+    const TableCounts& counts(std::uint16_t pid, std::uint8_t tableId) const
+    {
+        static const TableCounts none;
+        const auto found = dumper.counts().find(std::uint32_t(pid) << 8 | tableId);
+        return found == dumper.counts().end() ? none : found->second;
+    }
     Captured out;
-    DumpOptions options;
-    options.summary = false;
-    Dumper dumper(options, out.file);
-    for (Bytes section : {pat(1), pat(1), pat(2)})
-        dumper.onSection(0x0000, section.data(), section.size());
-    const TableCounts& counts = countsOf(dumper, 0x0000, 0x00);
-    EXPECT_EQ(counts.seen, 3u);
+    Dumper dumper;
+};
+
+TEST(DumperTest, UnchangedVersionsAreCountedNewOnesPrintedAndCrcErrorsNotParsed)
+{
+    Session run(options());
+    Bytes corrupt = pat(1);
+    corrupt[10] ^= 0x01;
+    for (const Bytes& section : {pat(1), pat(1), pat(2), corrupt})
+        run.feed(0x0000, section);
+    const TableCounts& counts = run.counts(0x0000, 0x00);
+    EXPECT_EQ(counts.seen, 4u);
     EXPECT_EQ(counts.parsed, 2u);
     EXPECT_EQ(counts.unchanged, 1u);
-    const std::string text = out.text();
+    EXPECT_EQ(counts.crcErrors, 1u);
+    const std::string text = run.out.text();
     EXPECT_NE(text.find("version_number: 1"), std::string::npos);
     EXPECT_NE(text.find("version_number: 2"), std::string::npos);
     EXPECT_NE(text.find("program 0xE580:\n      program_number: 0xE580\n      program_map_PID: 0x01F0\n"),
               std::string::npos)
         << text;
-}
-
-TEST(DumperTest, CrcErrorsAreCountedAndNotParsed)
-{
-    Captured out;
-    DumpOptions options;
-    options.summary = false;
-    Dumper dumper(options, out.file);
-    Bytes section = pat(1);
-    section[10] ^= 0x01;
-    dumper.onSection(0x0000, section.data(), section.size());
-    EXPECT_EQ(countsOf(dumper, 0x0000, 0x00).crcErrors, 1u);
-    EXPECT_EQ(countsOf(dumper, 0x0000, 0x00).parsed, 0u);
-    EXPECT_NE(out.text().find("PAT on PID 0x0000, table_id 0x00, 20 bytes: CRC_32 error"), std::string::npos);
+    EXPECT_NE(text.find("PAT on PID 0x0000, table_id 0x00, 20 bytes: CRC_32 error"), std::string::npos);
 }
 
 TEST(DumperTest, RefusalsAreCountedByCodeWithTheLibraryLogLines)
 {
-    Captured out;
-    DumpOptions options;
-    options.verbose = true;
-    options.summary = false;
-    Dumper dumper(options, out.file);
+    Session run(options(false, true));
     // 9 bytes: shorter than the least PAT the library accepts.
     Bytes section = SectionBuilder(0x00).buildWithSectionLength(6);
     section.resize(9);
-    dumper.onSection(0x0000, section.data(), section.size());
-    const TableCounts& counts = countsOf(dumper, 0x0000, 0x00);
+    run.feed(0x0000, section);
+    const TableCounts& counts = run.counts(0x0000, 0x00);
     ASSERT_EQ(counts.refused.size(), 1u);
     EXPECT_EQ(counts.refused.begin()->first, 0x0A03);
     EXPECT_EQ(counts.logLines, 1u);
-    const std::string text = out.text();
+    const std::string text = run.out.text();
     EXPECT_NE(text.find("error: ERROR_INVALID_DATA_LENGTH"), std::string::npos) << text;
     EXPECT_NE(text.find("W/VuRO: ISDBTUtils: TISDBTTable::parse: Longer data length is required: 9 < 10. Aborting!"),
               std::string::npos)
@@ -106,39 +103,32 @@ TEST(DumperTest, RefusalsAreCountedByCodeWithTheLibraryLogLines)
 
 TEST(DumperTest, PmtPidsAreLearntFromThePatAndUndecodedTablesCounted)
 {
-    Captured out;
-    DumpOptions options;
-    Dumper dumper(options, out.file);
-    SectionDemux demux(dumper);
-    dumper.attach(demux);
+    Session run;
+    SectionDemux demux(run.dumper);
+    run.dumper.attach(demux);
     EXPECT_TRUE(demux.hasPid(0x0000));
     EXPECT_TRUE(demux.hasPid(0x0010));
     EXPECT_TRUE(demux.hasPid(0x0014));
     EXPECT_FALSE(demux.hasPid(0x01F0));
-    Bytes section = pat(1, 0x01F0);
-    dumper.onSection(0x0000, section.data(), section.size());
+    run.feed(0x0000, pat(1, 0x01F0));
     EXPECT_TRUE(demux.hasPid(0x01F0));
     // A table the dump has no class for.
-    Bytes tdt = {0x70, 0x70, 0x05, 0xE6, 0x40, 0x12, 0x00, 0x00};
-    dumper.onSection(0x0014, tdt.data(), tdt.size());
-    EXPECT_EQ(countsOf(dumper, 0x0014, 0x70).notDecoded, 1u);
+    run.feed(0x0014, {0x70, 0x70, 0x05, 0xE6, 0x40, 0x12, 0x00, 0x00});
+    EXPECT_EQ(run.counts(0x0014, 0x70).notDecoded, 1u);
 }
 
 TEST(DumperTest, SectionsWithoutAPidKeepAPreviousTablePerExtension)
 {
-    Captured out;
-    DumpOptions options;
-    options.summary = false;
-    Dumper dumper(options, out.file);
+    Session run(options());
     Bytes data = VuroTest::concat({pat(1), {0xFF, 0xFF}, pat(1),
                                    SectionBuilder(0x00).longHeader(0x0641, 1).u16(0x0000).u16(0xE010).build()});
     std::string error;
-    ASSERT_TRUE(dumper.readSections(data.data(), data.size(), error)) << error;
-    const TableCounts& counts = countsOf(dumper, Dumper::NO_PID, 0x00);
+    ASSERT_TRUE(run.dumper.readSections(data.data(), data.size(), error)) << error;
+    const TableCounts& counts = run.counts(Dumper::NO_PID, 0x00);
     EXPECT_EQ(counts.seen, 3u);
     EXPECT_EQ(counts.parsed, 2u); // transport streams 0x0640 and 0x0641
     EXPECT_EQ(counts.unchanged, 1u);
-    EXPECT_NE(out.text().find("PAT, table_id 0x00, 20 bytes"), std::string::npos);
+    EXPECT_NE(run.out.text().find("PAT, table_id 0x00, 20 bytes"), std::string::npos);
 }
 
 // Service 0xE580 running and free, with the copy-control, logo, content
@@ -163,21 +153,16 @@ Bytes sdt(std::uint8_t tableId = 0x42)
         .build();
 }
 
-TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptors)
+TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptorsInTextAndJson)
 {
-    Captured out;
-    DumpOptions options;
-    options.summary = false;
-    Dumper dumper(options, out.file);
-    Bytes section = sdt();
-    dumper.onSection(0x0011, section.data(), section.size());
+    Session run(options());
+    run.feed(0x0011, sdt());
     // The other-stream SDT is refused by the library: not decoded, as NIT other.
-    Bytes other = sdt(0x46);
-    dumper.onSection(0x0011, other.data(), other.size());
-    EXPECT_EQ(countsOf(dumper, 0x0011, 0x42).parsed, 1u);
-    EXPECT_EQ(countsOf(dumper, 0x0011, 0x46).notDecoded, 1u);
+    run.feed(0x0011, sdt(0x46));
+    EXPECT_EQ(run.counts(0x0011, 0x42).parsed, 1u);
+    EXPECT_EQ(run.counts(0x0011, 0x46).notDecoded, 1u);
 
-    const std::string text = out.text();
+    const std::string text = run.out.text();
     EXPECT_NE(text.find("  transport_stream_id: 0x0640\n  version_number: 3\n"), std::string::npos) << text;
     EXPECT_NE(text.find("  original_network_id: 0x0641\n  services:\n    service 0xE580:\n"
                         "      service_id: 0xE580\n"
@@ -219,18 +204,11 @@ TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptors)
     EXPECT_NE(text.find("      running_status: 0x1 (not running)\n      free_CA_mode: 0x1 (scrambled)\n"),
               std::string::npos)
         << text;
-}
 
-TEST(DumperTest, SdtJsonCarriesCodesWithTheirNames)
-{
-    Captured out;
-    DumpOptions options;
-    options.json = true;
-    options.summary = false;
-    Dumper dumper(options, out.file);
-    Bytes section = sdt();
-    dumper.onSection(0x0011, section.data(), section.size());
-    const std::string line = out.text();
+    // In JSON the codes carry their names.
+    Session json(options(true));
+    json.feed(0x0011, sdt());
+    const std::string line = json.out.text();
     ASSERT_TRUE(nlohmann::json::accept(line)) << line;
     const nlohmann::json record = nlohmann::json::parse(line);
     EXPECT_EQ(record.at("table"), "SDT");
@@ -316,30 +294,25 @@ TEST(DumperTest, EveryDescriptorClassHasAFieldPrinter)
 
 TEST(DumperTest, PmtAnnouncesItsApplicationAndCarouselPids)
 {
-    Captured out;
-    DumpOptions options;
-    options.summary = false;
-    Dumper dumper(options, out.file);
-    SectionDemux demux(dumper);
-    dumper.attach(demux);
-    Bytes patSection = pat(1, 0x01F0);
-    dumper.onSection(0x0000, patSection.data(), patSection.size());
+    Session run(options());
+    SectionDemux demux(run.dumper);
+    run.dumper.attach(demux);
+    run.feed(0x0000, pat(1, 0x01F0));
     // Video, a private-section stream (the AIT) and a DSM-CC carousel with a
     // content availability descriptor, which the PMT keeps out of its tag list.
-    Bytes pmt = SectionBuilder(0x02)
-                    .longHeader(0xE580, 3)
-                    .u16(0xE111)
-                    .u16(0xF000)
-                    .bytes({0x1B, 0xE1, 0x11, 0xF0, 0x03, 0x52, 0x01, 0x00})
-                    .bytes({0x05, 0xE1, 0x20, 0xF0, 0x00})
-                    .bytes({0x0D, 0xE1, 0x30, 0xF0, 0x03, 0xDE, 0x01, 0xFF})
-                    .build();
-    dumper.onSection(0x01F0, pmt.data(), pmt.size());
-    EXPECT_EQ(countsOf(dumper, 0x01F0, 0x02).parsed, 1u);
+    run.feed(0x01F0, SectionBuilder(0x02)
+                         .longHeader(0xE580, 3)
+                         .u16(0xE111)
+                         .u16(0xF000)
+                         .bytes({0x1B, 0xE1, 0x11, 0xF0, 0x03, 0x52, 0x01, 0x00})
+                         .bytes({0x05, 0xE1, 0x20, 0xF0, 0x00})
+                         .bytes({0x0D, 0xE1, 0x30, 0xF0, 0x03, 0xDE, 0x01, 0xFF})
+                         .build());
+    EXPECT_EQ(run.counts(0x01F0, 0x02).parsed, 1u);
     EXPECT_TRUE(demux.hasPid(0x0120));
     EXPECT_TRUE(demux.hasPid(0x0130));
     EXPECT_FALSE(demux.hasPid(0x0111));
-    const std::string text = out.text();
+    const std::string text = run.out.text();
     EXPECT_NE(text.find("    stream 0x0130:\n      stream_type: 0x0D (DSM-CC sections)\n      elementary_PID: 0x0130\n"
                         "      descriptors:\n        descriptor 0xDE content availability:\n"),
               std::string::npos)
