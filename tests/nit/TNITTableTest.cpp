@@ -5,6 +5,7 @@
 #include <nit/TNITTable.h>
 
 #include "../support/LogCapture.h"
+#include "../support/RefusalExpect.h"
 #include "NitBytes.h"
 
 using namespace Vuro;
@@ -20,13 +21,7 @@ std::unique_ptr<TNITTable> parse(ExactBuffer& data, U16* code)
 // The section is refused with the given code.
 ::testing::AssertionResult refused(const Bytes& bytes, U16 expected)
 {
-    ExactBuffer data(bytes);
-    U16 code = 0;
-    if (parse(data, &code))
-        return ::testing::AssertionFailure() << "parsed";
-    if (code != expected)
-        return ::testing::AssertionFailure() << "code " << code << " instead of " << expected;
-    return ::testing::AssertionSuccess();
+    return refusedBy([](ExactBuffer& data, U16* code) { return parse(data, code); }, bytes, expected);
 }
 
 const Bytes kPartialReception = descriptor(0xFB, {0xE5, 0x98});

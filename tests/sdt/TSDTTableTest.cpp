@@ -5,6 +5,7 @@
 #include <sdt/TSDTTable.h>
 
 #include "../support/LogCapture.h"
+#include "../support/RefusalExpect.h"
 #include "../support/SectionBuilder.h"
 
 using namespace Vuro;
@@ -42,10 +43,7 @@ std::unique_ptr<TSDTTable> parse(ExactBuffer& data, U16* code, BOOL parseDescrip
 // The section is refused with the given code.
 ::testing::AssertionResult refused(const Bytes& bytes, U16 expected)
 {
-    ExactBuffer data(bytes);
-    U16 code = 0;
-    const bool parsed = parse(data, &code) != nullptr;
-    return verdict(parsed, code, expected);
+    return refusedBy([](ExactBuffer& data, U16* code) { return parse(data, code); }, bytes, expected);
 }
 
 // The service entry is refused with the given code; handed dataLength bytes
