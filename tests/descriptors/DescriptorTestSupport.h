@@ -19,6 +19,10 @@ constexpr Vuro::U16 kOk = Vuro::TISDBTTable::ERROR_OK;
 constexpr Vuro::U16 kDescriptorLength = Vuro::TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH;
 constexpr Vuro::U16 kDataLength = Vuro::TISDBTTable::ERROR_INVALID_DATA_LENGTH;
 constexpr Vuro::U16 kString = Vuro::TISDBTTable::ERROR_INVALID_STRING;
+// Log prefixes shared by many descriptors: the header check and the string reader.
+const std::string kHeaderLine = "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: ";
+const std::string kStringLine =
+    "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: ";
 
 // Parses a descriptor of class D held in an exact buffer: `body` under D's own
 // tag, or the `whole` bytes handed with dataLength `length` and the end of the

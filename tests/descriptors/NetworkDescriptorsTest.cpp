@@ -82,8 +82,7 @@ TEST(TerrestrialDeliverySystemDescriptor, AreaGuardModeAndFrequencies)
     // Area code, guard interval and mode alone (descriptor_length 2) are
     // under the minimum of 4: at least one frequency is required.
     expectRefused<TDS>({0x12, 0x34}, kDescriptorLength,
-                       {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 4 < 6. "
-                        "Aborting!"});
+                       {kHeaderLine + "(2) Longer data length is required: 4 < 6. Aborting!"});
 }
 
 TEST(PartialReceptionDescriptor, OneSegServicesAndAnOddTrailingByte)
@@ -111,7 +110,7 @@ TYPED_TEST(NetworkDescriptorBounds, BodyPastTheLimitFailsWithTheLengthCode)
     // The buffer ends one byte before the descriptor does.
     expectRefusedWithin<TypeParam>(Bytes(whole.begin(), whole.end() - 1), static_cast<U32>(whole.size()),
                                    kDescriptorLength,
-                                   {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (4) Longer data length is "
-                                    "required: " + std::to_string(whole.size()) + " < " +
-                                    std::to_string(whole.size() - 1) + ". Aborting!"});
+                                   {kHeaderLine + "(4) Longer data length is required: " +
+                                    std::to_string(whole.size()) + " < " + std::to_string(whole.size() - 1) +
+                                    ". Aborting!"});
 }

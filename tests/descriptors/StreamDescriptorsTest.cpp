@@ -84,25 +84,26 @@ TEST(StreamDescriptors, CAIdentifierKeepsWholeIdsOnly)
 
 TEST(StreamDescriptors, ContentAvailabilityFlagsAreInverted)
 {
-    Parsed<TContentAvailabilityDescriptor> clear({0x00});
-    ASSERT_TRUE(clear.decoded(3u)); // the whole dataLength
-    EXPECT_EQ(clear.object->isImageConstraintToken(), TRUE);
-    EXPECT_EQ(clear.object->isRetentionMode(), TRUE);
-    EXPECT_EQ(clear.object->isEncryptionMode(), TRUE);
-    EXPECT_EQ(clear.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_NO_LIMIT);
-
-    Parsed<TContentAvailabilityDescriptor> set({0xFF});
-    EXPECT_EQ(set.object->isImageConstraintToken(), FALSE);
-    EXPECT_EQ(set.object->isRetentionMode(), FALSE);
-    EXPECT_EQ(set.object->isEncryptionMode(), FALSE);
-    EXPECT_EQ(set.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_1_HALF_HOUR);
-
-    // Token bit clear, mode bit set, state 5, encryption bit clear.
-    Parsed<TContentAvailabilityDescriptor> mixed({0xDA});
-    EXPECT_EQ(mixed.object->isImageConstraintToken(), TRUE);
-    EXPECT_EQ(mixed.object->isRetentionMode(), FALSE);
-    EXPECT_EQ(mixed.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_6_HOURS);
-    EXPECT_EQ(mixed.object->isEncryptionMode(), TRUE);
+    using CA = TContentAvailabilityDescriptor;
+    struct Case {
+        U8 byte;
+        BOOL token, mode, encryption;
+        U8 state;
+    };
+    const Case cases[] = {
+        {0x00, TRUE, TRUE, TRUE, CA::RETENTION_STATE_NO_LIMIT},
+        {0xFF, FALSE, FALSE, FALSE, CA::RETENTION_STATE_1_HALF_HOUR},
+        {0xDA, TRUE, FALSE, TRUE, CA::RETENTION_STATE_6_HOURS}, // token clear, mode set, state 5, encryption clear
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(static_cast<int>(c.byte));
+        Parsed<CA> r({c.byte});
+        ASSERT_TRUE(r.decoded(3u)); // the whole dataLength
+        EXPECT_EQ(r.object->isImageConstraintToken(), c.token);
+        EXPECT_EQ(r.object->isRetentionMode(), c.mode);
+        EXPECT_EQ(r.object->isEncryptionMode(), c.encryption);
+        EXPECT_EQ(r.object->getRetentionState(), c.state);
+    }
 }
 
 TEST(StreamDescriptors, CopyrightHierarchyStreamIdentifierAndVideoDecodeControl)
@@ -179,7 +180,7 @@ TEST(StreamDescriptors, ByteBlocksAreOwnedCopies)
     EXPECT_NO_LOG(log);
 
     // Decoded on its own with dataLength past descriptor_length: the body is
-    // walked to the end of dataLength, 256 longer of additional data.
+    // walked to the end of dataLength, 256 bytes of additional data.
     Bytes longer = descriptor(0xFD, {0x00, 0x09});
     longer.resize(2 + 2 + 256, 0x5A);
     Parsed<TDataComponentDescriptor> big(longer, 0);
@@ -193,9 +194,8 @@ TEST(StreamDescriptors, CarouselIdentifierKeepsEverythingAfterTheIdAsPrivateData
 {
     // carousel_id 1, then FormatID 1 (service gateway) and three more bytes.
     Parsed<TCarouselIdentifierDescriptor> d({0x00, 0x00, 0x00, 0x01, 0x01, 0x02, 0x03, 0x04});
-    ASSERT_NE(d.object, nullptr);
+    ASSERT_TRUE(d.decoded(8u));
     EXPECT_EQ(d.data.size(), 10u);
-    EXPECT_EQ(d.parsedLength, 8u);
     EXPECT_EQ(d.object->getCarouselID(), 1u);
     EXPECT_EQ(block(d.object->getPrivateData(), d.object->getPrivateDataSize()), "\x01\x02\x03\x04");
     EXPECT_EQ(d.object->getFormatID(), TCarouselIdentifierDescriptor::FORMAT_TYPE_NOT_AVAILABLE);
@@ -221,7 +221,7 @@ TEST(StreamDescriptors, CarouselCompatibleCompositeIsNotDecodedAndISO639KeepsThe
 
     expectRefused<TISO639LanguageDescriptor>(
         {'p', 'o'}, kString,
-        {"ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 3 > 2. Aborting!",
+        {kStringLine + "3 > 2. Aborting!",
          "ISDBTUtils: TISO639LanguageDescriptor:: parse: ERROR: parsing Language Code. Aborting!"});
 }
 

@@ -57,7 +57,7 @@ TEST(AVCTimingAndHRDDescriptor, LengthFailures)
                                                     {line + "7 < 13. Aborting!"});
 }
 
-TEST(AACDescriptor, ProfileTypeAndAdditionalInfo)
+TEST(AACDescriptor, ProfileTypeAdditionalInfoAndMissingBytes)
 {
     LogCapture log;
     Parsed<TAACDescriptor> plain({0x29, 0x00});
@@ -77,10 +77,7 @@ TEST(AACDescriptor, ProfileTypeAndAdditionalInfo)
     EXPECT_EQ(info.object->getAACType(), 0);
     EXPECT_EQ(block(info.object->getAdditionalInfo(), info.object->getAdditionalInfoSize()), "\x11");
     EXPECT_NO_LOG(log);
-}
 
-TEST(AACDescriptor, MissingBytesFail)
-{
     const std::string line = "ISDBTUtils: TAACDescriptor::parse: Longer data length is required: ";
     // The type flag without the type byte.
     expectRefused<TAACDescriptor>({0x29, 0x80}, kDescriptorLength, {line + "0 < 1. Aborting!"});

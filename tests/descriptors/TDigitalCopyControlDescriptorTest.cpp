@@ -19,12 +19,13 @@ std::string lengthLine(const std::string& cls, unsigned count, unsigned required
 }
 const std::string kDescriptorShort = lengthLine("TDigitalCopyControlDescriptor", 0, 1);
 const std::string kItemShort = lengthLine("TDigitalCopyControlDescriptorItem", 0, 1);
-const std::string kItemZero = "ISDBTUtils: TDigitalCopyControlDescriptorItem::parse: Item length not valid: 0. Aborting!";
+const std::string kItemZero =
+    "ISDBTUtils: TDigitalCopyControlDescriptorItem::parse: Item length not valid: 0. Aborting!";
 const std::string kInvalidItem = "ISDBTUtils: TDigitalCopyControlDescriptor::parse: Invalid item. Aborting!";
 
 } // namespace
 
-TEST(DigitalCopyControlDescriptor, FlagsOnly)
+TEST(DigitalCopyControlDescriptor, FlagsBitrateAndComponentEntries)
 {
     LogCapture log;
     Result r({0x8D}); // recording control 2, copy control type 3, APS 1
@@ -39,31 +40,28 @@ TEST(DigitalCopyControlDescriptor, FlagsOnly)
     EXPECT_EQ(free.object->getCopyControlType(), TDigitalCopyControlDescriptor::COPY_CONTROL_FREE);
     EXPECT_EQ(free.object->getAPSControlData(), 0);
     EXPECT_NO_LOG(log);
-}
 
-TEST(DigitalCopyControlDescriptor, BitrateAndComponentEntries)
-{
     // Bitrate 0x80; component_control_length 3 walked as a 2-byte entry with
     // bitrate 0x40, then a 1-byte entry.
-    Result r({0x76, 0x80, 0x03, 0xE4, 0x40, 0x0E});
-    ASSERT_TRUE(r.decoded(6u));
-    EXPECT_EQ(r.object->getDigitalRecordingControlData(), 1);
-    EXPECT_EQ(r.object->hasMaximumBitrate(), TRUE);
-    EXPECT_EQ(r.object->hasComponentControl(), TRUE);
-    EXPECT_EQ(r.object->getCopyControlType(), TDigitalCopyControlDescriptor::COPY_CONTROL_SD_FREE_ORIGINAL_ONCE);
-    EXPECT_EQ(r.object->getAPSControlData(), 2);
-    EXPECT_EQ(r.object->getMaximumBitrate(), 0x80);
-    ASSERT_EQ(r.object->size(), 2u);
-    Item* first = r.object->get(0);
+    Result full({0x76, 0x80, 0x03, 0xE4, 0x40, 0x0E});
+    ASSERT_TRUE(full.decoded(6u));
+    EXPECT_EQ(full.object->getDigitalRecordingControlData(), 1);
+    EXPECT_EQ(full.object->hasMaximumBitrate(), TRUE);
+    EXPECT_EQ(full.object->hasComponentControl(), TRUE);
+    EXPECT_EQ(full.object->getCopyControlType(), TDigitalCopyControlDescriptor::COPY_CONTROL_SD_FREE_ORIGINAL_ONCE);
+    EXPECT_EQ(full.object->getAPSControlData(), 2);
+    EXPECT_EQ(full.object->getMaximumBitrate(), 0x80);
+    ASSERT_EQ(full.object->size(), 2u);
+    Item* first = full.object->get(0);
     EXPECT_EQ(first->getDigitalRecordingControlData(), 3);
     EXPECT_EQ(first->hasMaximumBitrate(), TRUE);
     EXPECT_EQ(first->getMaximumBitrate(), 0x40);
-    EXPECT_EQ(r.object->get(1)->getCopyControlType(), 3);
-    EXPECT_EQ(r.object->get(1)->getAPSControlData(), 2);
-    EXPECT_EQ(r.object->get(2), nullptr);
-    EXPECT_EQ(r.object->remove(2), FALSE);
-    EXPECT_EQ(r.object->remove(0), TRUE);
-    EXPECT_EQ(r.object->get(0)->getCopyControlType(), 3);
+    EXPECT_EQ(full.object->get(1)->getCopyControlType(), 3);
+    EXPECT_EQ(full.object->get(1)->getAPSControlData(), 2);
+    EXPECT_EQ(full.object->get(2), nullptr);
+    EXPECT_EQ(full.object->remove(2), FALSE);
+    EXPECT_EQ(full.object->remove(0), TRUE);
+    EXPECT_EQ(full.object->get(0)->getCopyControlType(), 3);
 
     // One broadcast entry: component_tag 0x00, flags 0x8C. No component tag
     // is read: the tag byte is taken as an entry of its own and the flags

@@ -23,11 +23,12 @@ TEST(DescriptorHeader, ChecksInOrderWithTheirCodesAndLines)
         U16 code;
         std::string line; // empty: passes silently
     };
-    const U16 length = TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH;
+    const U16 ok = TISDBTTable::ERROR_OK, length = TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH,
+              tag = TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG;
     const Case cases[] = {
-        {{0x41, 0x03, 0xE5, 0x80, 0x01}, 2, 0x41, TISDBTTable::ERROR_OK, ""},
-        {{0xF7, 0x00}, 0, 0xF7, TISDBTTable::ERROR_OK, ""},
-        {{0x41, 0x06, 0, 0, 0, 0, 0, 0}, 2, 0x41, TISDBTTable::ERROR_OK, ""}, // length just fits
+        {{0x41, 0x03, 0xE5, 0x80, 0x01}, 2, 0x41, ok, ""},
+        {{0xF7, 0x00}, 0, 0xF7, ok, ""},
+        {{0x41, 0x06, 0, 0, 0, 0, 0, 0}, 2, 0x41, ok, ""}, // length just fits
         {{0x41, 0x02, 0x00}, 2, 0x41, length, "(2) Longer data length is required: 3 < 4. Aborting!"},
         // 254 + 2 wraps to 0, so check 2 passes and check 5 refuses the length.
         {{0x41, 0x03, 0x01, 0x02, 0x03}, 254, 0x41, length,
@@ -35,15 +36,12 @@ TEST(DescriptorHeader, ChecksInOrderWithTheirCodesAndLines)
         // The wrapped minimum still needs the two header bytes...
         {{0x41}, 255, 0x41, length, "(2) Longer data length is required: 1 < 2. Aborting!"},
         // ...but the tag byte, when there, is compared before the missing length byte stops it.
-        {{0x40}, 255, 0x41, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG,
-         "(3) Unexpected Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"},
+        {{0x40}, 255, 0x41, tag, "(3) Unexpected Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"},
         // The tag mismatch is reported before an overlong length.
-        {{0x40, 0xFF, 0x00, 0x00}, 2, 0x41, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG,
-         "(3) Unexpected Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"},
+        {{0x40, 0xFF, 0x00, 0x00}, 2, 0x41, tag, "(3) Unexpected Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"},
         // Needed, then available.
         {{0x41, 0x09, 0, 0, 0, 0, 0, 0}, 2, 0x41, length, "(4) Longer data length is required: 11 < 8. Aborting!"},
-        {{0x41, 0x01, 0x00, 0x00, 0x00}, 2, 0x41, length,
-         "(5) Longer descriptor length is required: 1 < 2. Aborting!"},
+        {{0x41, 0x01, 0x00, 0x00, 0x00}, 2, 0x41, length, "(5) Longer descriptor length is required: 1 < 2. Aborting!"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.line);

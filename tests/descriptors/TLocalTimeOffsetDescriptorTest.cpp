@@ -22,7 +22,7 @@ const std::string kDescriptorLine = "ISDBTUtils: TLocalTimeOffsetDescriptor::par
 
 } // namespace
 
-TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryTheLaterWinning)
+TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryAddAndRemove)
 {
     LogCapture log;
     Parsed<TLocalTimeOffsetDescriptor> r(
@@ -40,25 +40,23 @@ TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryTheLaterWinning)
     EXPECT_EQ(brazil->getLocalTimeOffsetPolarity(), 1);
     EXPECT_EQ(brazil->getLocalTimeOffset(), (162 * 3600) % 65536); // 12:00: hours count 162, kept to 16 bits
     EXPECT_NO_LOG(log);
-}
 
-TEST(LocalTimeOffsetDescriptor, CallersItemsAndAFreshItem)
-{
+    // A fresh item, and the caller's items.
     TLocalTimeOffsetDescriptorItem fresh;
     EXPECT_STREQ(fresh.getCountryCode(), "");
     EXPECT_EQ(fresh.getLocalTimeOffsetPolarity(), 1);
 
-    Parsed<TLocalTimeOffsetDescriptor> r(region("BRA", 1, 1, 0x02, 0x00));
-    TLocalTimeOffsetDescriptor* d = r.object.get();
-    ASSERT_NE(d, nullptr);
+    Parsed<TLocalTimeOffsetDescriptor> own(region("BRA", 1, 1, 0x02, 0x00));
+    TLocalTimeOffsetDescriptor* list = own.object.get();
+    ASSERT_NE(list, nullptr);
     ExactBuffer more(region("BRA", 5, 1, 0x03, 0x00));
-    TLocalTimeOffsetDescriptorItem* original = d->get("BRA");
-    d->add(TLocalTimeOffsetDescriptorItem::parse(more.data(), 13, nullptr, nullptr));
-    EXPECT_EQ(d->get("BRA")->getCountryRegionID(), 5);
+    TLocalTimeOffsetDescriptorItem* original = list->get("BRA");
+    list->add(TLocalTimeOffsetDescriptorItem::parse(more.data(), 13, nullptr, nullptr));
+    EXPECT_EQ(list->get("BRA")->getCountryRegionID(), 5);
     delete original; // displaced by the caller's add, not deleted by it
-    EXPECT_EQ(d->remove("ARG"), FALSE);
-    EXPECT_EQ(d->remove("BRA"), TRUE);
-    EXPECT_EQ(d->size(), 0u);
+    EXPECT_EQ(list->remove("ARG"), FALSE);
+    EXPECT_EQ(list->remove("BRA"), TRUE);
+    EXPECT_EQ(list->size(), 0u);
 }
 
 TEST(LocalTimeOffsetDescriptor, ShortItemsFailWithTheBytesLeft)

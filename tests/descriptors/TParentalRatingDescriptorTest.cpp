@@ -23,7 +23,8 @@ TEST(ParentalRatingDescriptor, DecodesRatingsInArrivalOrder)
     EXPECT_EQ(d->get(2), nullptr);
 
     ExactBuffer more({'P', 'R', 'Y', 0x76});
-    TParentalRatingDescriptorItem* item = TParentalRatingDescriptorItem::parse(more.data(), more.size(), nullptr, nullptr);
+    TParentalRatingDescriptorItem* item =
+        TParentalRatingDescriptorItem::parse(more.data(), more.size(), nullptr, nullptr);
     d->add(&item);
     d->add(nullptr);
     ASSERT_EQ(d->size(), 3u);
@@ -41,7 +42,7 @@ TEST(ParentalRatingDescriptor, Failures)
     // A header failure logs the descriptor's own line too.
     expectRefused<TParentalRatingDescriptor>(
         {'B', 'R', 'A'}, kDescriptorLength,
-        {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 5 < 6. Aborting!",
+        {kHeaderLine + "(2) Longer data length is required: 5 < 6. Aborting!",
          "ISDBTUtils: TParentalRatingDescriptor::parse: parseCommonHeader: Invalid item. Aborting!"});
     expectRefused<TParentalRatingDescriptor>(
         {'B', 'R', 'A', 0x53, 'A'}, kDescriptorLength,

@@ -11,7 +11,6 @@ using namespace VuroTest;
 
 namespace {
 
-const std::string kStringLine = "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: ";
 const std::string kLengthLine = "ISDBTUtils: TServiceDescriptor::parse: Longer data length is required: ";
 
 } // namespace

@@ -16,7 +16,7 @@ const std::string kInvalidItem = "ISDBTUtils: TServiceListDescriptor::parse: Inv
 
 } // namespace
 
-TEST(ServiceListDescriptor, DecodesServicesKeyedByTheOredIdBytes)
+TEST(ServiceListDescriptor, DecodesServicesKeyedByTheOredIdBytesAddAndRemove)
 {
     LogCapture log;
     // Full-seg 0xE580 (digital TV), one-seg 0xE598 (0xC0), data 0x0002 (0xC0).
@@ -38,36 +38,32 @@ TEST(ServiceListDescriptor, DecodesServicesKeyedByTheOredIdBytes)
     ASSERT_NE(alike.object, nullptr);
     EXPECT_EQ(alike.object->size(), 1u);
     EXPECT_EQ(alike.object->get(0x03)->getServiceType(), 0xC0);
-}
 
-TEST(ServiceListDescriptor, AddRemoveAndTheCallersDisplacedItem)
-{
-    Result r({0x00, 0x10, 0x01});
-    TServiceListDescriptor* d = r.object.get();
-    ASSERT_NE(d, nullptr);
+    // The caller's add and remove.
+    Result own({0x00, 0x10, 0x01});
+    TServiceListDescriptor* list = own.object.get();
+    ASSERT_NE(list, nullptr);
     ExactBuffer more({0x00, 0x20, 0x02, 0x20, 0x00, 0xA1});
     TServiceListDescriptorItem* first = TServiceListDescriptorItem::parse(more.data(), 3, nullptr, nullptr);
     TServiceListDescriptorItem* second = TServiceListDescriptorItem::parse(more.data() + 3, 3, nullptr, nullptr);
-    d->add(first);
-    d->add(second); // same id 0x20: displaces first, which stays the caller's
-    EXPECT_EQ(d->get(0x20), second);
-    EXPECT_EQ(d->getServiceIDs(), (std::list<U8>{0x10, 0x20}));
+    list->add(first);
+    list->add(second); // same id 0x20: displaces first, which stays the caller's
+    EXPECT_EQ(list->get(0x20), second);
+    EXPECT_EQ(list->getServiceIDs(), (std::list<U8>{0x10, 0x20}));
     delete first;
-    EXPECT_EQ(d->remove(0x99), FALSE);
-    EXPECT_EQ(d->remove(0x10), TRUE);
-    EXPECT_EQ(d->size(), 1u);
-    EXPECT_EQ(d->remove(0x10), FALSE);
+    EXPECT_EQ(list->remove(0x99), FALSE);
+    EXPECT_EQ(list->remove(0x10), TRUE);
+    EXPECT_EQ(list->size(), 1u);
+    EXPECT_EQ(list->remove(0x10), FALSE);
 }
 
 TEST(ServiceListDescriptor, Failures)
 {
-    expectRefusedWithin<TServiceListDescriptor>(descriptor(0x40, {0x00, 0x01, 0x01}), 0,
-                                                TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG,
-                                                {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (3) Unexpected "
-                                                 "Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"});
+    expectRefusedWithin<TServiceListDescriptor>(
+        descriptor(0x40, {0x00, 0x01, 0x01}), 0, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG,
+        {kHeaderLine + "(3) Unexpected Descriptor Tag. Got 0x40, instead of 0x41. Aborting!"});
     expectRefused<TServiceListDescriptor>({0x01}, kDescriptorLength,
-                                          {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length "
-                                           "is required: 3 < 4. Aborting!"});
+                                          {kHeaderLine + "(2) Longer data length is required: 3 < 4. Aborting!"});
     // A two-byte body stops at the end of its own data.
     expectRefused<TServiceListDescriptor>({0x01, 0x02}, kDescriptorLength,
                                           {kItemLine + "2. Aborting!", kInvalidItem});

@@ -27,13 +27,12 @@ TEST(CountryAvailabilityDescriptor, DecodesFlagAndCodesReportsZeroAndRefusesAPar
     EXPECT_NO_LOG(log);
 
     expectRefused<TCountryAvailabilityDescriptor>({0x00, 'B', 'R', 'A', 'P'}, kDescriptorLength, {});
-    ExactBuffer partial(descriptor(0x49, {0x00, 'B', 'R', 'A', 'P'}));
-    U16 code = 0;
     // Inside a section the partial code is refused without reading the
     // following bytes: here the limit claims more than the allocation holds,
     // so a read past the descriptor would be caught.
-    EXPECT_EQ(TCountryAvailabilityDescriptor::parse(partial.data(), partial.size(), nullptr, &code, partial.data() + 64),
-              nullptr);
+    ExactBuffer partial(descriptor(0x49, {0x00, 'B', 'R', 'A', 'P'}));
+    U16 code = 0;
+    EXPECT_EQ(TCountryAvailabilityDescriptor::parse(partial.data(), 7, nullptr, &code, partial.data() + 64), nullptr);
     EXPECT_EQ(code, kDescriptorLength);
     EXPECT_NO_LOG(log);
 }

@@ -13,7 +13,6 @@ using Result = Parsed<TShortEventDescriptor>;
 
 // "por", then "Jornal" and "Noticias." with their length bytes.
 const Bytes kBody = {'p', 'o', 'r', 6, 'J', 'o', 'r', 'n', 'a', 'l', 9, 'N', 'o', 't', 'i', 'c', 'i', 'a', 's', '.'};
-const std::string kStringLine = "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: ";
 const std::string kParsing = "ISDBTUtils: TShortEventDescriptor:: parse: ERROR: parsing ";
 
 } // namespace

@@ -50,12 +50,11 @@ TEST(TSInformationDescriptor, EightBytesAtLeastNoTypeIsLayerInvalidAndFailures)
 
     // A valid 7-byte body (no name, one type, one service) is refused.
     expectRefused<TTSInformationDescriptor>({0x01, 0x01, 0x0F, 0x01, 0xE5, 0x98, 0x00}, kDescriptorLength,
-                                            {"ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length "
-                                             "is required: 9 < 10. Aborting!"});
+                                            {kHeaderLine + "(2) Longer data length is required: 9 < 10. Aborting!"});
 
     expectRefused<TTSInformationDescriptor>(
         {0x01, 9 << 2, 'a', 'b', 'c', 'd', 'e', 'f'}, kString,
-        {"ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 9 > 6. Aborting!",
+        {kStringLine + "9 > 6. Aborting!",
          "ISDBTUtils: TTSInformationDescriptor:: parse: ERROR: parsing TS Name. Aborting!"});
     // Three types announced; the third finds nothing left.
     expectRefused<TTSInformationDescriptor>(

@@ -50,36 +50,31 @@ TEST(TableHeader, ChecksInOrderWithTheirCodesAndLines)
     EXPECT_EQ(TPATTable::parse(nullptr, 100, TRUE, TRUE, &code, nullptr), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA);
 
-    ExactBuffer nine(Bytes(9, 0x00));
-    EXPECT_EQ(parsePat(nine, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-
-    Bytes pmt = patSection(0);
+    const Bytes whole = patSection(0);
+    Bytes pmt = whole;
     pmt[0] = 0x02;
-    ExactBuffer wrongId(pmt);
-    EXPECT_EQ(parsePat(wrongId, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
-
-    Bytes longer = patSection(0);
-    ExactBuffer oneShort(Bytes(longer.begin(), longer.end() - 1));
-    EXPECT_EQ(parsePat(oneShort, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_SECTION_LEN_TOO_BIG);
+    const std::pair<Bytes, U16> cases[] = {
+        {Bytes(9, 0x00), TISDBTTable::ERROR_INVALID_DATA_LENGTH},
+        {pmt, TISDBTTable::ERROR_INVALID_TABLE_ID},
+        {Bytes(whole.begin(), whole.end() - 1), TISDBTTable::ERROR_INVALID_SECTION_LEN_TOO_BIG},
+    };
+    for (const auto& c : cases) {
+        ExactBuffer data(c.first);
+        EXPECT_EQ(parsePat(data, &code), nullptr);
+        EXPECT_EQ(code, c.second);
+    }
 
     EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Invalid data. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 9 < 10. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x02, instead of 0x00. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Section length exceeds data length. Aborting!");
-}
 
-TEST(TableHeader, ShortMinimumStillChecksTheTableIdWhenItsByteIsThere)
-{
-    LogCapture log;
+    log.clear();
     // A one-byte minimum and one byte of data: table_id is compared before
     // the missing section_length bytes stop the check.
     Bytes bytes = {0x3C};
     TISDBTTable table(TISDBTTable::DSI_DII, 1, 0x3B, bytes.data(), 1);
     U16 bodyLength = 0;
-    U16 code = 0;
     EXPECT_EQ(header(table, {0x3C}, FALSE, &code, &bodyLength), FALSE);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
     EXPECT_EQ(header(table, {0x3B}, FALSE, &code, &bodyLength), FALSE);
@@ -88,7 +83,7 @@ TEST(TableHeader, ShortMinimumStillChecksTheTableIdWhenItsByteIsThere)
                     "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 1 < 3. Aborting!");
 }
 
-TEST(TableHeader, SectionLengthUsesTwelveBitsAndTheCrcIsNeverVerified)
+TEST(TableHeader, SectionAndBodyLengthsAndTheCrcIsNeverVerified)
 {
     Bytes bytes = patSection(0);
     bytes[1] |= 0x70; // flags above section_length are ignored
@@ -115,25 +110,21 @@ TEST(TableHeader, SectionLengthUsesTwelveBitsAndTheCrcIsNeverVerified)
     LogCapture log;
     EXPECT_EQ(TPATTable::parse(nullptr, 0, TRUE, TRUE, nullptr, nullptr), nullptr);
     EXPECT_EQ(log.lines().size(), 1u);
-}
 
-TEST(TableHeader, BodyLengthIsSectionLengthLessCrcAndLongHeader)
-{
-    Bytes bytes = patSection(0);
-    TPATTable table(bytes.data(), static_cast<U32>(bytes.size()));
+    // The body length is section_length less the CRC_32 and the long header.
+    Bytes pat = patSection(0);
+    TPATTable holder(pat.data(), static_cast<U32>(pat.size()));
     U16 bodyLength = 0;
-    U16 code = 0xBEEF;
-    ASSERT_EQ(table.TISDBTTable::parseCommonHeader(bytes.data(), static_cast<U32>(bytes.size()), FALSE, &code,
-                                                   &bodyLength, nullptr),
-              TRUE);
+    U16 headerCode = 0xBEEF;
+    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(pat.data(), 17, FALSE, &headerCode, &bodyLength, nullptr), TRUE);
     EXPECT_EQ(bodyLength, 5 + 4); // section_length 13 less the CRC
-    EXPECT_EQ(code, 0xBEEF);      // nothing stored on success
-    ASSERT_EQ(header(table, bytes, FALSE, &code, &bodyLength), TRUE);
+    EXPECT_EQ(headerCode, 0xBEEF); // nothing stored on success
+    ASSERT_EQ(header(holder, pat, FALSE, &headerCode, &bodyLength), TRUE);
     EXPECT_EQ(bodyLength, 4);
 
     // section_length 3 wraps the short-header body count.
     Bytes tiny = {0x00, 0xB0, 0x03, 0, 0, 0, 0, 0, 0, 0};
-    ASSERT_EQ(table.TISDBTTable::parseCommonHeader(tiny.data(), 10, FALSE, &code, &bodyLength, nullptr), TRUE);
+    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(tiny.data(), 10, FALSE, &headerCode, &bodyLength, nullptr), TRUE);
     EXPECT_EQ(bodyLength, 65535);
 }
 

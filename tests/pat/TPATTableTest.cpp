@@ -55,7 +55,7 @@ TEST(PATTable, DecodesProgramsAndTheNetworkPid)
     EXPECT_NO_LOG(log);
 }
 
-TEST(PATTable, NetworkOnlyNoNetworkEntryAndEmptyProgramLoop)
+TEST(PATTable, NetworkPidReservedBitsDuplicatesAndAnEmptyLoop)
 {
     ExactBuffer onlyNetwork(pat(1, 0, {{0x0000, 0x0010}}));
     std::unique_ptr<TPATTable> table = parse(onlyNetwork, nullptr);
@@ -75,10 +75,8 @@ TEST(PATTable, NetworkOnlyNoNetworkEntryAndEmptyProgramLoop)
     EXPECT_EQ(code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(table->size(), 0u);
     EXPECT_EQ(table->getVersion(), 31);
-}
 
-TEST(PATTable, ReservedPidBitsAreMaskedAndTheLaterDuplicateWins)
-{
+    // Reserved PID bits are masked and the later duplicate wins.
     Bytes bytes = SectionBuilder(0x00)
                       .longHeader(1, 0)
                       .bytes({0x00, 0x00, 0xFF, 0xFF})  // network PID 0x1FFF
@@ -87,7 +85,7 @@ TEST(PATTable, ReservedPidBitsAreMaskedAndTheLaterDuplicateWins)
                       .bytes({0x00, 0x05, 0x01, 0x23})
                       .build();
     ExactBuffer data(bytes);
-    std::unique_ptr<TPATTable> table = parse(data, nullptr);
+    table = parse(data, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->getNetworkPid(), 0x0012);
     EXPECT_EQ(table->size(), 1u);

@@ -38,17 +38,14 @@ TEST(Mjd2Unix, ZeroUpToTheEpochThenWholeDaysWrappingNegativeFrom2038)
     EXPECT_EQ(ISDBTUtils::mjd2unix(0xFFFF), static_cast<S32>(static_cast<U32>(0xFFFF - 40587) * 86400u));
 }
 
-TEST(Bcd2U8, DecodesDigitsWithoutRejectingNibblesAboveNine)
+TEST(Helpers, Bcd2U8KeepsNibblesAboveNineAndSetErrorCodeIgnoresNull)
 {
     EXPECT_EQ(ISDBTUtils::bcd2U8(0x59), 59);
     EXPECT_EQ(ISDBTUtils::bcd2U8(0x00), 0);
     EXPECT_EQ(ISDBTUtils::bcd2U8(0x99), 99);
     EXPECT_EQ(ISDBTUtils::bcd2U8(0x0A), 10);
     EXPECT_EQ(ISDBTUtils::bcd2U8(0xFF), 165);
-}
 
-TEST(SetErrorCode, StoresThroughAPointerAndIgnoresNull)
-{
     U16 code = 7;
     ISDBTUtils::setErrorCode(&code, 0x0A0A);
     EXPECT_EQ(code, 0x0A0A);
@@ -56,3 +53,4 @@ TEST(SetErrorCode, StoresThroughAPointerAndIgnoresNull)
     ISDBTUtils utils; // instantiable, though never required
     (void)utils;
 }
+
