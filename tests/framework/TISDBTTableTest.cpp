@@ -116,7 +116,9 @@ TEST(TableHeader, SectionAndBodyLengthsAndTheCrcIsNeverVerified)
     TPATTable holder(pat.data(), static_cast<U32>(pat.size()));
     U16 bodyLength = 0;
     U16 headerCode = 0xBEEF;
-    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(pat.data(), 17, FALSE, &headerCode, &bodyLength, nullptr), TRUE);
+    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(pat.data(), static_cast<U32>(pat.size()), FALSE, &headerCode,
+                                                    &bodyLength, nullptr),
+              TRUE);
     EXPECT_EQ(bodyLength, 5 + 4); // section_length 13 less the CRC
     EXPECT_EQ(headerCode, 0xBEEF); // nothing stored on success
     ASSERT_EQ(header(holder, pat, FALSE, &headerCode, &bodyLength), TRUE);
