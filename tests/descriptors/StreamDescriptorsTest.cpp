@@ -16,16 +16,15 @@
 #include <descriptors/TTargetRegionDescriptor.h>
 #include <descriptors/TVideoDecodeControlDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "StreamDescriptorTestSupport.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
 namespace {
 
-// A body one byte under the minimum fails in the header check; a descriptor
-// of another tag too. Both allocate nothing.
+// The tag and minimum, then: a body one byte under the minimum fails in the
+// header check; a descriptor of another tag too. Both allocate nothing.
 template <class D>
 void expectHeaderChecked(U32 minimum, U8 tag)
 {
@@ -33,13 +32,10 @@ void expectHeaderChecked(U32 minimum, U8 tag)
     EXPECT_EQ(D::DESCRIPTOR_TAG, tag);
     if (minimum > 0) {
         Parsed<D> shortBody(Bytes(minimum - 1, 0x00));
-        EXPECT_EQ(shortBody.object, nullptr);
-        EXPECT_EQ(shortBody.code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+        EXPECT_TRUE(shortBody.refused(kDescriptorLength));
     }
-    ExactBuffer other(descriptor(static_cast<U8>(tag + 1), Bytes(minimum + 4, 0x00)));
-    U16 code = 0;
-    EXPECT_EQ(D::parse(other.data(), other.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG);
+    Parsed<D> other(descriptor(static_cast<U8>(tag + 1), Bytes(minimum + 4, 0x00)), 0);
+    EXPECT_TRUE(other.refused(TISDBTTable::ERROR_INVALID_DESCRIPTOR_TAG));
 }
 
 // The descriptor's own length runs past the buffer the outermost parse was
@@ -49,10 +45,8 @@ template <class D>
 void expectStopsAtBufferEnd(const Bytes& body, U32 keep)
 {
     const Bytes whole = descriptor(D::DESCRIPTOR_TAG, body);
-    ExactBuffer data(Bytes(whole.begin(), whole.begin() + keep));
-    U16 code = 0;
-    EXPECT_EQ(D::parse(data.data(), static_cast<U32>(whole.size()), nullptr, &code, data.data() + keep), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    Parsed<D> r(Bytes(whole.begin(), whole.begin() + keep), static_cast<U32>(whole.size()));
+    EXPECT_TRUE(r.refused(kDescriptorLength));
 }
 
 } // namespace
@@ -80,9 +74,7 @@ TEST(StreamDescriptors, CAIdentifierKeepsWholeIdsOnly)
     LogCapture log;
     // Two CA systems and an odd trailing byte: descriptor_length 5.
     Parsed<TCAIdentifierDescriptor> d({0x05, 0x01, 0x0B, 0x00, 0xFF});
-    ASSERT_NE(d.object, nullptr);
-    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(d.parsedLength, 5u);
+    ASSERT_TRUE(d.decoded(5u));
     ASSERT_EQ(d.object->getCASystemIDCount(), 2);
     EXPECT_EQ(d.object->getCASystemIDs()[0], 0x0501);
     EXPECT_EQ(d.object->getCASystemIDs()[1], 0x0B00);
@@ -92,54 +84,47 @@ TEST(StreamDescriptors, CAIdentifierKeepsWholeIdsOnly)
 
 TEST(StreamDescriptors, ContentAvailabilityFlagsAreInverted)
 {
-    Parsed<TContentAvailabilityDescriptor> clear({0x00});
-    ASSERT_NE(clear.object, nullptr);
-    EXPECT_EQ(clear.parsedLength, 3u); // the whole dataLength
-    EXPECT_EQ(clear.object->isImageConstraintToken(), TRUE);
-    EXPECT_EQ(clear.object->isRetentionMode(), TRUE);
-    EXPECT_EQ(clear.object->isEncryptionMode(), TRUE);
-    EXPECT_EQ(clear.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_NO_LIMIT);
-
-    Parsed<TContentAvailabilityDescriptor> set({0xFF});
-    EXPECT_EQ(set.object->isImageConstraintToken(), FALSE);
-    EXPECT_EQ(set.object->isRetentionMode(), FALSE);
-    EXPECT_EQ(set.object->isEncryptionMode(), FALSE);
-    EXPECT_EQ(set.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_1_HALF_HOUR);
-
-    // Token bit clear, mode bit set, state 5, encryption bit clear.
-    Parsed<TContentAvailabilityDescriptor> mixed({0xDA});
-    EXPECT_EQ(mixed.object->isImageConstraintToken(), TRUE);
-    EXPECT_EQ(mixed.object->isRetentionMode(), FALSE);
-    EXPECT_EQ(mixed.object->getRetentionState(), TContentAvailabilityDescriptor::RETENTION_STATE_6_HOURS);
-    EXPECT_EQ(mixed.object->isEncryptionMode(), TRUE);
+    using CA = TContentAvailabilityDescriptor;
+    struct Case {
+        U8 byte;
+        BOOL token, mode, encryption;
+        U8 state;
+    };
+    const Case cases[] = {
+        {0x00, TRUE, TRUE, TRUE, CA::RETENTION_STATE_NO_LIMIT},
+        {0xFF, FALSE, FALSE, FALSE, CA::RETENTION_STATE_1_HALF_HOUR},
+        {0xDA, TRUE, FALSE, TRUE, CA::RETENTION_STATE_6_HOURS}, // token clear, mode set, state 5, encryption clear
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(static_cast<int>(c.byte));
+        Parsed<CA> r({c.byte});
+        ASSERT_TRUE(r.decoded(3u)); // the whole dataLength
+        EXPECT_EQ(r.object->isImageConstraintToken(), c.token);
+        EXPECT_EQ(r.object->isRetentionMode(), c.mode);
+        EXPECT_EQ(r.object->isEncryptionMode(), c.encryption);
+        EXPECT_EQ(r.object->getRetentionState(), c.state);
+    }
 }
 
-TEST(StreamDescriptors, CopyrightReadsTheHierarchicalLayout)
+TEST(StreamDescriptors, CopyrightHierarchyStreamIdentifierAndVideoDecodeControl)
 {
     Parsed<TCopyrightDescriptor> copyright({0xFF, 0xE1, 0x23, 0x77});
-    ASSERT_NE(copyright.object, nullptr);
-    EXPECT_EQ(copyright.parsedLength, 3u);
+    ASSERT_TRUE(copyright.decoded(3u));
     EXPECT_EQ(copyright.object->getHierarchicalLevel(), 1);
     EXPECT_EQ(copyright.object->getReferencePID(), 0x0123);
 
     Parsed<THierarchicalTransmissionDescriptor> hierarchy({0xFE, 0xFF, 0xFF});
-    ASSERT_NE(hierarchy.object, nullptr);
-    EXPECT_EQ(hierarchy.parsedLength, 3u);
+    ASSERT_TRUE(hierarchy.decoded(3u));
     EXPECT_EQ(hierarchy.object->getQualityLevel(), 0);
     EXPECT_EQ(hierarchy.object->getReferencePID(), 0x1FFF);
-}
 
-TEST(StreamDescriptors, StreamIdentifierAndVideoDecodeControl)
-{
     Parsed<TStreamIdentifierDescriptor> stream({0x81});
-    ASSERT_NE(stream.object, nullptr);
-    EXPECT_EQ(stream.parsedLength, 1u);
+    ASSERT_TRUE(stream.decoded(1u));
     EXPECT_EQ(stream.object->getComponentTag(), 0x81);
 
     // 480i (format 4) with the sequence end code: bit 0x10 is outside the mask.
     Parsed<TVideoDecodeControlDescriptor> i480({0x50});
-    ASSERT_NE(i480.object, nullptr);
-    EXPECT_EQ(i480.parsedLength, 1u);
+    ASSERT_TRUE(i480.decoded(1u));
     EXPECT_EQ(i480.object->isStillPicture(), FALSE);
     EXPECT_EQ(i480.object->isSequenceEndCode(), TRUE);
     EXPECT_EQ(i480.object->getVideoEncodeFormat(), TVideoDecodeControlDescriptor::VIDEO_ENCODE_FORMAT_1080P);
@@ -154,8 +139,7 @@ TEST(StreamDescriptors, AVCVideo)
 {
     // High profile, level 4.0, no still pictures; then every flag set.
     Parsed<TAVCVideoDescriptor> high({0x64, 0x00, 0x28, 0x3F});
-    ASSERT_NE(high.object, nullptr);
-    EXPECT_EQ(high.parsedLength, 4u);
+    ASSERT_TRUE(high.decoded(4u));
     EXPECT_EQ(high.object->getProfileIDC(), 0x64);
     EXPECT_EQ(high.object->isConstraintSet0(), FALSE);
     EXPECT_EQ(high.object->getLevelIDC(), 0x28);
@@ -175,8 +159,7 @@ TEST(StreamDescriptors, ByteBlocksAreOwnedCopies)
 {
     LogCapture log;
     Parsed<TDataComponentDescriptor> data({0x00, 0x0C, 0x01, 0x02, 0x03});
-    ASSERT_NE(data.object, nullptr);
-    EXPECT_EQ(data.parsedLength, 5u);
+    ASSERT_TRUE(data.decoded(5u));
     EXPECT_EQ(data.object->getDataComponentID(), TDataComponentDescriptor::COMPONENT_ID_OBJECT_CAROUSEL);
     EXPECT_EQ(block(data.object->getAdditionalData(), data.object->getAdditionalDataSize()), "\x01\x02\x03");
     EXPECT_NE(data.object->getAdditionalData(), data.data.data() + 4);
@@ -185,42 +168,34 @@ TEST(StreamDescriptors, ByteBlocksAreOwnedCopies)
     EXPECT_EQ(bare.object->getAdditionalData(), nullptr);
 
     Parsed<TTargetRegionDescriptor> region({0x01, 'S', 'P'});
-    ASSERT_NE(region.object, nullptr);
-    EXPECT_EQ(region.parsedLength, 3u);
+    ASSERT_TRUE(region.decoded(3u));
     EXPECT_EQ(region.object->getRegionSpecType(), 1);
     EXPECT_EQ(block(region.object->getSpecData(), region.object->getSpecSize()), "SP");
 
     Parsed<TConditionalPlaybackDescriptor> playback({0x05, 0x01, 0xE1, 0x00, 0xAA, 0xBB});
-    ASSERT_NE(playback.object, nullptr);
-    EXPECT_EQ(playback.parsedLength, 6u);
+    ASSERT_TRUE(playback.decoded(6u));
     EXPECT_EQ(playback.object->getCASystemID(), 0x0501);
     EXPECT_EQ(playback.object->getCAPID(), 0x0100);
     EXPECT_EQ(block(playback.object->getPrivateData(), playback.object->getPrivateDataSize()), "\xAA\xBB");
     EXPECT_NO_LOG(log);
-}
 
-TEST(StreamDescriptors, ByteBlockSizeIsKeptInEightBits)
-{
     // Decoded on its own with dataLength past descriptor_length: the body is
     // walked to the end of dataLength, 256 bytes of additional data.
-    Bytes bytes = descriptor(0xFD, {0x00, 0x09});
-    bytes.resize(2 + 2 + 256, 0x5A);
-    ExactBuffer data(bytes);
-    std::unique_ptr<TDataComponentDescriptor> d(TDataComponentDescriptor::parse(data.data(), data.size(), nullptr,
-                                                                                nullptr));
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(d->getAdditionalDataSize(), 0);
-    ASSERT_NE(d->getAdditionalData(), nullptr);
-    EXPECT_EQ(d->getAdditionalData()[255], 0x5A);
+    Bytes longer = descriptor(0xFD, {0x00, 0x09});
+    longer.resize(2 + 2 + 256, 0x5A);
+    Parsed<TDataComponentDescriptor> big(longer, 0);
+    ASSERT_NE(big.object, nullptr);
+    EXPECT_EQ(big.object->getAdditionalDataSize(), 0);
+    ASSERT_NE(big.object->getAdditionalData(), nullptr);
+    EXPECT_EQ(big.object->getAdditionalData()[255], 0x5A);
 }
 
 TEST(StreamDescriptors, CarouselIdentifierKeepsEverythingAfterTheIdAsPrivateData)
 {
     // carousel_id 1, then FormatID 1 (service gateway) and three more bytes.
     Parsed<TCarouselIdentifierDescriptor> d({0x00, 0x00, 0x00, 0x01, 0x01, 0x02, 0x03, 0x04});
-    ASSERT_NE(d.object, nullptr);
+    ASSERT_TRUE(d.decoded(8u));
     EXPECT_EQ(d.data.size(), 10u);
-    EXPECT_EQ(d.parsedLength, 8u);
     EXPECT_EQ(d.object->getCarouselID(), 1u);
     EXPECT_EQ(block(d.object->getPrivateData(), d.object->getPrivateDataSize()), "\x01\x02\x03\x04");
     EXPECT_EQ(d.object->getFormatID(), TCarouselIdentifierDescriptor::FORMAT_TYPE_NOT_AVAILABLE);
@@ -229,34 +204,25 @@ TEST(StreamDescriptors, CarouselIdentifierKeepsEverythingAfterTheIdAsPrivateData
     EXPECT_EQ(d.object->getObjectKeyData(), nullptr);
 }
 
-TEST(StreamDescriptors, CarouselCompatibleCompositeIsNotDecoded)
+TEST(StreamDescriptors, CarouselCompatibleCompositeIsNotDecodedAndISO639KeepsTheFirstCode)
 {
     LogCapture log;
     Parsed<TCarouselCompatibleCompositeDescriptor> d({0x01, 0x02, 0x03, 0x04, 0x05});
-    ASSERT_NE(d.object, nullptr);
-    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(d.parsedLength, 7u);
+    ASSERT_TRUE(d.decoded(7u));
     EXPECT_WARNINGS(log, "ISDBTUtils: TCarouselCompatibleCompositeDescriptor::parse: TODO: Descriptor not "
                          "implemented yet. If you really need this descriptor, please contact support.");
-}
 
-TEST(StreamDescriptors, ISO639LanguageKeepsTheFirstCodeAndWritesNoLength)
-{
-    LogCapture log;
-    Parsed<TISO639LanguageDescriptor> d({'p', 'o', 'r', 0x00, 'e', 'n', 'g', 0x03});
-    ASSERT_NE(d.object, nullptr);
-    EXPECT_EQ(d.object->getLanguageCode(), "por");
-    EXPECT_EQ(d.parsedLength, 0xDEADu);
-    EXPECT_EQ(d.code, TISDBTTable::ERROR_OK);
+    // The language descriptor keeps the first code and writes no length.
+    log.clear();
+    Parsed<TISO639LanguageDescriptor> language({'p', 'o', 'r', 0x00, 'e', 'n', 'g', 0x03});
+    ASSERT_TRUE(language.decoded(0xDEADu));
+    EXPECT_EQ(language.object->getLanguageCode(), "por");
     EXPECT_NO_LOG(log);
 
-    Parsed<TISO639LanguageDescriptor> twoBytes({'p', 'o'});
-    EXPECT_EQ(twoBytes.object, nullptr);
-    EXPECT_EQ(twoBytes.code, TISDBTTable::ERROR_INVALID_STRING);
-    EXPECT_WARNINGS(log,
-                    "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 3 > 2. "
-                    "Aborting!",
-                    "ISDBTUtils: TISO639LanguageDescriptor:: parse: ERROR: parsing Language Code. Aborting!");
+    expectRefused<TISO639LanguageDescriptor>(
+        {'p', 'o'}, kString,
+        {kStringLine + "3 > 2. Aborting!",
+         "ISDBTUtils: TISO639LanguageDescriptor:: parse: ERROR: parsing Language Code. Aborting!"});
 }
 
 TEST(StreamDescriptors, ReadsStopAtTheEndOfTheOutermostBuffer)
@@ -277,11 +243,8 @@ TEST(StreamDescriptors, ReadsStopAtTheEndOfTheOutermostBuffer)
     EXPECT_NO_LOG(log);
 
     // Inside a larger section the same descriptor decodes as on its own.
-    ExactBuffer section(concat({descriptor(0xF8, {0x05, 0x01, 0xE1, 0x00, 0xAA}), {0x52, 0x01, 0x30}}));
-    U32 parsed = 0;
-    std::unique_ptr<TConditionalPlaybackDescriptor> d(
-        TConditionalPlaybackDescriptor::parse(section.data(), 7, &parsed, nullptr, section.data() + section.size()));
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(parsed, 5u);
-    EXPECT_EQ(block(d->getPrivateData(), d->getPrivateDataSize()), "\xAA");
+    Parsed<TConditionalPlaybackDescriptor> d(
+        concat({descriptor(0xF8, {0x05, 0x01, 0xE1, 0x00, 0xAA}), {0x52, 0x01, 0x30}}), 7);
+    ASSERT_TRUE(d.decoded(5u));
+    EXPECT_EQ(block(d.object->getPrivateData(), d.object->getPrivateDataSize()), "\xAA");
 }

@@ -2,8 +2,7 @@
 
 #include <descriptors/TLocalTimeOffsetDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
@@ -18,23 +17,19 @@ Bytes region(const char* country, U8 regionId, U8 polarity, U8 hours, U8 minutes
             static_cast<U8>((regionId << 2) | 0x02 | polarity), hours, minutes, 0xE4, 0xF0, 0, 0, 0, 0x02, 0x00};
 }
 
-const char* const kItemLine = "ISDBTUtils: TLocalTimeOffsetDescriptorItem::parse: Descriptor length not valid: ";
-const char* const kDescriptorLine = "ISDBTUtils: TLocalTimeOffsetDescriptor::parse: Descriptor length not valid: ";
+const std::string kItemLine = "ISDBTUtils: TLocalTimeOffsetDescriptorItem::parse: Descriptor length not valid: ";
+const std::string kDescriptorLine = "ISDBTUtils: TLocalTimeOffsetDescriptor::parse: Descriptor length not valid: ";
 
 } // namespace
 
-TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryTheLaterWinning)
+TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryAddAndRemove)
 {
     LogCapture log;
-    ExactBuffer data(descriptor(0x58, concat({region("BRA", 1, 1, 0x03, 0x00), region("ARG", 0, 0, 0x03, 0x30),
-                                              region("BRA", 63, 1, 0x12, 0x00)})));
-    U32 parsed = 99;
-    U16 code = 0xBEEF;
-    TLocalTimeOffsetDescriptor* d = TLocalTimeOffsetDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 13u); // the last item's length
-    EXPECT_EQ(d->getDataLength(), data.size() - 2); // recorded without its header
+    Parsed<TLocalTimeOffsetDescriptor> r(
+        concat({region("BRA", 1, 1, 0x03, 0x00), region("ARG", 0, 0, 0x03, 0x30), region("BRA", 63, 1, 0x12, 0x00)}));
+    ASSERT_TRUE(r.decoded(13u)); // the last item's length
+    TLocalTimeOffsetDescriptor* d = r.object.get();
+    EXPECT_EQ(d->getDataLength(), r.data.size() - 2); // recorded without its header
     EXPECT_EQ(d->getCountryCodes(), (std::list<std::string>{"ARG", "BRA"}));
     // 03:30 weighs the minutes' tens digit in place: 3 x 3600 + 480 x 60.
     EXPECT_EQ(d->get("ARG")->getLocalTimeOffset(), 39600);
@@ -45,49 +40,41 @@ TEST(LocalTimeOffsetDescriptor, DecodesRegionsKeyedByCountryTheLaterWinning)
     EXPECT_EQ(brazil->getLocalTimeOffsetPolarity(), 1);
     EXPECT_EQ(brazil->getLocalTimeOffset(), (162 * 3600) % 65536); // 12:00: hours count 162, kept to 16 bits
     EXPECT_NO_LOG(log);
-    delete d;
-}
 
-TEST(LocalTimeOffsetDescriptor, CallersItemsAndAFreshItem)
-{
+    // A fresh item, and the caller's items.
     TLocalTimeOffsetDescriptorItem fresh;
     EXPECT_STREQ(fresh.getCountryCode(), "");
     EXPECT_EQ(fresh.getLocalTimeOffsetPolarity(), 1);
 
-    ExactBuffer data(descriptor(0x58, region("BRA", 1, 1, 0x02, 0x00)));
-    TLocalTimeOffsetDescriptor* d = TLocalTimeOffsetDescriptor::parse(data.data(), data.size(), nullptr, nullptr);
-    ASSERT_NE(d, nullptr);
+    Parsed<TLocalTimeOffsetDescriptor> own(region("BRA", 1, 1, 0x02, 0x00));
+    TLocalTimeOffsetDescriptor* list = own.object.get();
+    ASSERT_NE(list, nullptr);
     ExactBuffer more(region("BRA", 5, 1, 0x03, 0x00));
-    TLocalTimeOffsetDescriptorItem* original = d->get("BRA");
-    d->add(TLocalTimeOffsetDescriptorItem::parse(more.data(), 13, nullptr, nullptr));
-    EXPECT_EQ(d->get("BRA")->getCountryRegionID(), 5);
+    TLocalTimeOffsetDescriptorItem* original = list->get("BRA");
+    list->add(TLocalTimeOffsetDescriptorItem::parse(more.data(), 13, nullptr, nullptr));
+    EXPECT_EQ(list->get("BRA")->getCountryRegionID(), 5);
     delete original; // displaced by the caller's add, not deleted by it
-    EXPECT_EQ(d->remove("ARG"), FALSE);
-    EXPECT_EQ(d->remove("BRA"), TRUE);
-    EXPECT_EQ(d->size(), 0u);
-    delete d;
+    EXPECT_EQ(list->remove("ARG"), FALSE);
+    EXPECT_EQ(list->remove("BRA"), TRUE);
+    EXPECT_EQ(list->size(), 0u);
 }
 
 TEST(LocalTimeOffsetDescriptor, ShortItemsFailWithTheBytesLeft)
 {
-    LogCapture log;
     Bytes twelve = region("BRA", 1, 1, 0x03, 0x00);
     twelve.pop_back();
-    ExactBuffer data(descriptor(0x58, twelve));
+    expectRefused<TLocalTimeOffsetDescriptor>(twelve, kDescriptorLength,
+                                              {kItemLine + "12. Aborting!", kDescriptorLine + "12. Aborting!"});
+    LogCapture log;
+    ExactBuffer item(twelve);
     U16 code = 0;
-    EXPECT_EQ(TLocalTimeOffsetDescriptor::parse(data.data(), data.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, kItemLine + std::string("12. Aborting!"), kDescriptorLine + std::string("12. Aborting!"));
-
-    EXPECT_EQ(TLocalTimeOffsetDescriptorItem::parse(data.data() + 2, 12, nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    EXPECT_EQ(TLocalTimeOffsetDescriptorItem::parse(item.data(), 12, nullptr, &code), nullptr);
+    EXPECT_EQ(code, kDataLength);
+    EXPECT_WARNINGS(log, kItemLine + "12. Aborting!");
 
     // descriptor_length claims two items, the section ends after the first.
-    log.clear();
     Bytes cut = descriptor(0x58, concat({region("BRA", 1, 1, 0x03, 0x00), region("ARG", 1, 1, 0x03, 0x00)}));
     cut.resize(17);
-    ExactBuffer section(cut);
-    EXPECT_EQ(TLocalTimeOffsetDescriptor::parse(section.data(), 28, nullptr, &code, section.data() + 17), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, kItemLine + std::string("13. Aborting!"), kDescriptorLine + std::string("13. Aborting!"));
+    expectRefusedWithin<TLocalTimeOffsetDescriptor>(cut, 28, kDescriptorLength,
+                                                    {kItemLine + "13. Aborting!", kDescriptorLine + "13. Aborting!"});
 }

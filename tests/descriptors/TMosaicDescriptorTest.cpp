@@ -2,8 +2,7 @@
 
 #include <descriptors/TMosaicDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
@@ -17,17 +16,13 @@ const Bytes kEventCell = {0x08, 0x02, 0x00, 0x04, 0x04, 0x21, 0x04, 0x22, 0xE5, 
 
 } // namespace
 
-TEST(MosaicDescriptor, DecodesCellsOfEachLinkage)
+TEST(MosaicDescriptor, DecodesCellsOfEachLinkageUpToSixteen)
 {
     LogCapture log;
     // 0x90: entry point set, 1 horizontal -> 2 x 1 cells.
-    ExactBuffer data(descriptor(0x51, concat({{0x90}, kBouquetCell, kEventCell})));
-    U32 parsed = 0;
-    U16 code = 0xBEEF;
-    TMosaicDescriptor* d = TMosaicDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 21u);
+    Parsed<TMosaicDescriptor> r(concat({{0x90}, kBouquetCell, kEventCell}));
+    ASSERT_TRUE(r.decoded(21u));
+    TMosaicDescriptor* d = r.object.get();
     EXPECT_EQ(d->isMosaicEntryPoint(), FALSE);
     EXPECT_EQ(d->getNumberOfHorizontalCells(), TMosaicDescriptor::NUMBER_OF_CELLS_2);
     EXPECT_EQ(d->getNumberOfVerticalCells(), TMosaicDescriptor::NUMBER_OF_CELLS_1);
@@ -52,35 +47,26 @@ TEST(MosaicDescriptor, DecodesCellsOfEachLinkage)
     EXPECT_EQ(d->removeCell(0), TRUE);
     EXPECT_EQ(d->getCell(0), event);
     EXPECT_NO_LOG(log);
-    delete d;
-}
 
-TEST(MosaicDescriptor, TwoBitCountMasksCapTheCellsAtSixteen)
-{
     Bytes body = {0xFF};
     for (int i = 0; i < 17; ++i)
         body.insert(body.end(), kBouquetCell.begin(), kBouquetCell.end());
-    ExactBuffer data(descriptor(0x51, body));
-    U32 parsed = 0;
-    TMosaicDescriptor* d = TMosaicDescriptor::parse(data.data(), data.size(), &parsed, nullptr);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(d->getNumberOfHorizontalCells(), 3);
-    EXPECT_EQ(d->getNumberOfVerticalCells(), 3);
-    EXPECT_EQ(d->isMosaicEntryPoint(), FALSE);
-    EXPECT_EQ(d->size(), 16u);
-    EXPECT_EQ(parsed, 1u + 16 * 8);
-    delete d;
+    Parsed<TMosaicDescriptor> full(body);
+    TMosaicDescriptor* capped = full.object.get();
+    ASSERT_NE(capped, nullptr);
+    EXPECT_EQ(capped->getNumberOfHorizontalCells(), 3);
+    EXPECT_EQ(capped->getNumberOfVerticalCells(), 3);
+    EXPECT_EQ(capped->isMosaicEntryPoint(), FALSE);
+    EXPECT_EQ(capped->size(), 16u);
+    EXPECT_EQ(full.parsedLength, 1u + 16 * 8);
 }
 
 TEST(MosaicDescriptor, CellFailures)
 {
-    LogCapture log;
-    U16 code = 0;
-    ExactBuffer undefined(descriptor(0x51, {0x00, 0x04, 0x01, 0x00, 0x00, 0x00}));
-    EXPECT_EQ(TMosaicDescriptor::parse(undefined.data(), undefined.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TMosaicDescriptorCell::parse: Unknown Cell Linkage Info: 00 (0). Aborting!",
-                    "ISDBTUtils: TMosaicDescriptor::parse: Invalid Cell. Aborting!");
+    expectRefused<TMosaicDescriptor>({0x00, 0x04, 0x01, 0x00, 0x00, 0x00}, kDescriptorLength,
+                                     {"ISDBTUtils: TMosaicDescriptorCell::parse: Unknown Cell Linkage Info: 00 (0). "
+                                      "Aborting!",
+                                      "ISDBTUtils: TMosaicDescriptor::parse: Invalid Cell. Aborting!"});
 
     struct Case {
         Bytes cell;
@@ -95,10 +81,12 @@ TEST(MosaicDescriptor, CellFailures)
         {{0x04, 0x01, 0x00, 0x05, 0x00}, "Unknown Cell Linkage Info: 05 (5). Aborting!"},
     };
     for (const Case& c : cases) {
-        log.clear();
+        SCOPED_TRACE(c.line);
+        LogCapture log;
         ExactBuffer cell(c.cell);
+        U16 code = 0;
         EXPECT_EQ(TMosaicDescriptorCell::parse(cell.data(), cell.size(), nullptr, &code), nullptr);
-        EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+        EXPECT_EQ(code, kDataLength);
         EXPECT_WARNINGS(log, "ISDBTUtils: TMosaicDescriptorCell::parse: " + c.line);
     }
 }

@@ -2,8 +2,7 @@
 
 #include <descriptors/TParentalRatingDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
@@ -11,13 +10,9 @@ using namespace VuroTest;
 TEST(ParentalRatingDescriptor, DecodesRatingsInArrivalOrder)
 {
     LogCapture log;
-    ExactBuffer data(descriptor(0x55, {'B', 'R', 'A', 0x53, 'A', 'R', 'G', 0x21}));
-    U32 parsed = 0;
-    U16 code = 0xBEEF;
-    TParentalRatingDescriptor* d = TParentalRatingDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 4u); // the last item's length
+    Parsed<TParentalRatingDescriptor> r({'B', 'R', 'A', 0x53, 'A', 'R', 'G', 0x21});
+    ASSERT_TRUE(r.decoded(4u)); // the last item's length
+    TParentalRatingDescriptor* d = r.object.get();
     ASSERT_EQ(d->size(), 2u);
     EXPECT_EQ(d->get(0)->getCountryCode(), "BRA");
     EXPECT_EQ(d->get(0)->getRating(), TParentalRatingDescriptor::PARENTAL_RATING_12);
@@ -28,7 +23,8 @@ TEST(ParentalRatingDescriptor, DecodesRatingsInArrivalOrder)
     EXPECT_EQ(d->get(2), nullptr);
 
     ExactBuffer more({'P', 'R', 'Y', 0x76});
-    TParentalRatingDescriptorItem* item = TParentalRatingDescriptorItem::parse(more.data(), more.size(), nullptr, nullptr);
+    TParentalRatingDescriptorItem* item =
+        TParentalRatingDescriptorItem::parse(more.data(), more.size(), nullptr, nullptr);
     d->add(&item);
     d->add(nullptr);
     ASSERT_EQ(d->size(), 3u);
@@ -39,30 +35,17 @@ TEST(ParentalRatingDescriptor, DecodesRatingsInArrivalOrder)
     EXPECT_EQ(d->remove(2), FALSE);
     EXPECT_EQ(d->get(0)->getCountryCode(), "ARG");
     EXPECT_NO_LOG(log);
-    delete d;
 }
 
-TEST(ParentalRatingDescriptor, HeaderFailureLogsItsOwnLineToo)
+TEST(ParentalRatingDescriptor, Failures)
 {
-    LogCapture log;
-    ExactBuffer data(descriptor(0x55, {'B', 'R', 'A'}));
-    U16 code = 0;
-    EXPECT_EQ(TParentalRatingDescriptor::parse(data.data(), data.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log,
-                    "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 5 < 6. "
-                    "Aborting!",
-                    "ISDBTUtils: TParentalRatingDescriptor::parse: parseCommonHeader: Invalid item. Aborting!");
-}
-
-TEST(ParentalRatingDescriptor, PartialItemFails)
-{
-    LogCapture log;
-    ExactBuffer data(descriptor(0x55, {'B', 'R', 'A', 0x53, 'A'}));
-    U16 code = 0;
-    EXPECT_EQ(TParentalRatingDescriptor::parse(data.data(), data.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log,
-                    "ISDBTUtils: TParentalRatingDescriptorItem::parse: Descriptor length not valid: 1. Aborting!",
-                    "ISDBTUtils: TParentalRatingDescriptor::parse: Invalid item. Aborting!");
+    // A header failure logs the descriptor's own line too.
+    expectRefused<TParentalRatingDescriptor>(
+        {'B', 'R', 'A'}, kDescriptorLength,
+        {kHeaderLine + "(2) Longer data length is required: 5 < 6. Aborting!",
+         "ISDBTUtils: TParentalRatingDescriptor::parse: parseCommonHeader: Invalid item. Aborting!"});
+    expectRefused<TParentalRatingDescriptor>(
+        {'B', 'R', 'A', 0x53, 'A'}, kDescriptorLength,
+        {"ISDBTUtils: TParentalRatingDescriptorItem::parse: Descriptor length not valid: 1. Aborting!",
+         "ISDBTUtils: TParentalRatingDescriptor::parse: Invalid item. Aborting!"});
 }

@@ -3,22 +3,17 @@
 #include <descriptors/TCountryAvailabilityDescriptor.h>
 #include <descriptors/TNVODReferenceDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
 
-TEST(CountryAvailabilityDescriptor, DecodesFlagAndCodesAndAlwaysReportsZero)
+TEST(CountryAvailabilityDescriptor, DecodesFlagAndCodesReportsZeroAndRefusesAPartialCode)
 {
     LogCapture log;
-    ExactBuffer data(descriptor(0x49, {0x80, 'B', 'R', 'A', 'A', 'R', 'G'}));
-    U32 parsed = 99;
-    U16 code = 0xBEEF;
-    TCountryAvailabilityDescriptor* d = TCountryAvailabilityDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 0u);
+    Parsed<TCountryAvailabilityDescriptor> r({0x80, 'B', 'R', 'A', 'A', 'R', 'G'});
+    ASSERT_TRUE(r.decoded(0u));
+    TCountryAvailabilityDescriptor* d = r.object.get();
     EXPECT_EQ(d->getCountryAvailabilityFlag(), 1);
     ASSERT_EQ(d->size(), 2u);
     EXPECT_EQ(d->get(0), 0x425241u);
@@ -30,37 +25,24 @@ TEST(CountryAvailabilityDescriptor, DecodesFlagAndCodesAndAlwaysReportsZero)
     EXPECT_EQ(d->remove(2), FALSE);
     EXPECT_EQ(d->get(0), 0x415247u);
     EXPECT_NO_LOG(log);
-    delete d;
-}
 
-TEST(CountryAvailabilityDescriptor, CodeLoopNotEndingOnAWholeCodeIsRefusedAtTheDescriptorEnd)
-{
-    LogCapture log;
-    U16 code = 0;
-    ExactBuffer data(descriptor(0x49, {0x00, 'B', 'R', 'A', 'P'}));
-    EXPECT_EQ(TCountryAvailabilityDescriptor::parse(data.data(), data.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    expectRefused<TCountryAvailabilityDescriptor>({0x00, 'B', 'R', 'A', 'P'}, kDescriptorLength, {});
     // Inside a section the partial code is refused without reading the
     // following bytes: here the limit claims more than the allocation holds,
     // so a read past the descriptor would be caught.
-    code = 0;
-    EXPECT_EQ(TCountryAvailabilityDescriptor::parse(data.data(), data.size(), nullptr, &code, data.data() + 64),
-              nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+    ExactBuffer partial(descriptor(0x49, {0x00, 'B', 'R', 'A', 'P'}));
+    U16 code = 0;
+    EXPECT_EQ(TCountryAvailabilityDescriptor::parse(partial.data(), 7, nullptr, &code, partial.data() + 64), nullptr);
+    EXPECT_EQ(code, kDescriptorLength);
     EXPECT_NO_LOG(log);
 }
 
 TEST(NVODReferenceDescriptor, DecodesItemsInArrivalOrder)
 {
     LogCapture log;
-    ExactBuffer data(
-        descriptor(0x4B, {0x04, 0x21, 0x04, 0x22, 0xE5, 0x81, 0x04, 0x21, 0x04, 0x22, 0xE5, 0x80}));
-    U32 parsed = 0;
-    U16 code = 0xBEEF;
-    TNVODReferenceDescriptor* d = TNVODReferenceDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 6u); // the last item's length
+    Parsed<TNVODReferenceDescriptor> r({0x04, 0x21, 0x04, 0x22, 0xE5, 0x81, 0x04, 0x21, 0x04, 0x22, 0xE5, 0x80});
+    ASSERT_TRUE(r.decoded(6u)); // the last item's length
+    TNVODReferenceDescriptor* d = r.object.get();
     ASSERT_EQ(d->size(), 2u);
     EXPECT_EQ(d->get(0)->getTransportStreamID(), 0x0421);
     EXPECT_EQ(d->get(0)->getOriginalNetworkID(), 0x0422);
@@ -74,16 +56,10 @@ TEST(NVODReferenceDescriptor, DecodesItemsInArrivalOrder)
     d->add(TNVODReferenceDescriptorItem::parse(more.data(), more.size(), nullptr, nullptr));
     EXPECT_EQ(d->get(1)->getServiceID(), 0x0003);
     EXPECT_NO_LOG(log);
-    delete d;
-}
 
-TEST(NVODReferenceDescriptor, PartialItemFails)
-{
-    LogCapture log;
-    ExactBuffer data(descriptor(0x4B, {0x04, 0x21, 0x04, 0x22, 0xE5, 0x81, 0x04}));
-    U16 code = 0;
-    EXPECT_EQ(TNVODReferenceDescriptor::parse(data.data(), data.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TNVODReferenceDescriptorItem::parse: Descriptor length not valid: 1. Aborting!",
-                    "ISDBTUtils: TNVODReferenceDescriptor::parse: Invalid item. Aborting!");
+    // A partial item fails.
+    expectRefused<TNVODReferenceDescriptor>(
+        {0x04, 0x21, 0x04, 0x22, 0xE5, 0x81, 0x04}, kDescriptorLength,
+        {"ISDBTUtils: TNVODReferenceDescriptorItem::parse: Descriptor length not valid: 1. Aborting!",
+         "ISDBTUtils: TNVODReferenceDescriptor::parse: Invalid item. Aborting!"});
 }

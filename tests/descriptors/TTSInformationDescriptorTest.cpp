@@ -2,8 +2,7 @@
 
 #include <descriptors/TTSInformationDescriptor.h>
 
-#include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "DescriptorTestSupport.h"
 
 using namespace Vuro;
 using namespace VuroTest;
@@ -15,14 +14,10 @@ TEST(TSInformationDescriptor, NameAndTwoTransmissionTypes)
     LogCapture log;
     // Remote key 5, name "Vuro HD" (7 << 2 | 2 types); layer A 64QAM with the
     // one-seg service, layer C QPSK with two services.
-    ExactBuffer data(descriptor(0xCD, {0x05, (7 << 2) | 2, 'V', 'u', 'r', 'o', ' ', 'H', 'D', 0x0F, 0x01, 0xE5,
-                                       0x98, 0xA0, 0x02, 0xE5, 0x80, 0xE5, 0x81}));
-    U32 parsed = 0;
-    U16 code = 0xBEEF;
-    TTSInformationDescriptor* d = TTSInformationDescriptor::parse(data.data(), data.size(), &parsed, &code);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(parsed, 19u);
+    Parsed<TTSInformationDescriptor> r({0x05, (7 << 2) | 2, 'V', 'u', 'r', 'o', ' ', 'H', 'D', 0x0F, 0x01, 0xE5, 0x98,
+                                        0xA0, 0x02, 0xE5, 0x80, 0xE5, 0x81});
+    ASSERT_TRUE(r.decoded(19u));
+    TTSInformationDescriptor* d = r.object.get();
     EXPECT_EQ(d->getRemoteControlKeyID(), 5);
     EXPECT_EQ(d->getTransportStreamName(), "Vuro HD");
     EXPECT_EQ(d->getTxInformation(), TISDBTTable::TX_TYPE_LAYERAB);
@@ -43,49 +38,29 @@ TEST(TSInformationDescriptor, NameAndTwoTransmissionTypes)
     EXPECT_EQ(d->removeTransmissionType(0), TRUE);
     EXPECT_EQ(d->getTransmissionType(0), c);
     EXPECT_EQ(d->removeTransmissionType(1), FALSE);
-    delete d;
 }
 
-TEST(TSInformationDescriptor, EightBytesAtLeastAndNoTypeIsLayerInvalid)
+TEST(TSInformationDescriptor, EightBytesAtLeastNoTypeIsLayerInvalidAndFailures)
 {
-    ExactBuffer none(descriptor(0xCD, {0x01, 6 << 2, 'R', 'e', 'd', 'e', ' ', '1'}));
-    U32 parsed = 0;
-    TTSInformationDescriptor* d = TTSInformationDescriptor::parse(none.data(), none.size(), &parsed, nullptr);
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(parsed, 8u);
-    EXPECT_EQ(d->getTransportStreamName(), "Rede 1");
-    EXPECT_EQ(d->getTransmissionTypeCount(), 0u);
-    EXPECT_EQ(d->getTxInformation(), TISDBTTable::TX_TYPE_LAYERINVALID);
-    delete d;
+    Parsed<TTSInformationDescriptor> none({0x01, 6 << 2, 'R', 'e', 'd', 'e', ' ', '1'});
+    ASSERT_TRUE(none.decoded(8u));
+    EXPECT_EQ(none.object->getTransportStreamName(), "Rede 1");
+    EXPECT_EQ(none.object->getTransmissionTypeCount(), 0u);
+    EXPECT_EQ(none.object->getTxInformation(), TISDBTTable::TX_TYPE_LAYERINVALID);
 
-    LogCapture log;
     // A valid 7-byte body (no name, one type, one service) is refused.
-    ExactBuffer seven(descriptor(0xCD, {0x01, 0x01, 0x0F, 0x01, 0xE5, 0x98, 0x00}));
-    U16 code = 0;
-    EXPECT_EQ(TTSInformationDescriptor::parse(seven.data(), seven.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTDescriptor::parseCommonHeader: (2) Longer data length is required: 9 < 10. Aborting!");
-}
+    expectRefused<TTSInformationDescriptor>({0x01, 0x01, 0x0F, 0x01, 0xE5, 0x98, 0x00}, kDescriptorLength,
+                                            {kHeaderLine + "(2) Longer data length is required: 9 < 10. Aborting!"});
 
-TEST(TSInformationDescriptor, NameAndItemFailures)
-{
-    LogCapture log;
-    ExactBuffer longName(descriptor(0xCD, {0x01, 9 << 2, 'a', 'b', 'c', 'd', 'e', 'f'}));
-    U16 code = 0;
-    EXPECT_EQ(TTSInformationDescriptor::parse(longName.data(), longName.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_STRING);
-    EXPECT_WARNINGS(log,
-                    "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: 9 > 6. "
-                    "Aborting!",
-                    "ISDBTUtils: TTSInformationDescriptor:: parse: ERROR: parsing TS Name. Aborting!");
-
-    log.clear();
+    expectRefused<TTSInformationDescriptor>(
+        {0x01, 9 << 2, 'a', 'b', 'c', 'd', 'e', 'f'}, kString,
+        {kStringLine + "9 > 6. Aborting!",
+         "ISDBTUtils: TTSInformationDescriptor:: parse: ERROR: parsing TS Name. Aborting!"});
     // Three types announced; the third finds nothing left.
-    ExactBuffer missing(descriptor(0xCD, {0x01, (0 << 2) | 3, 0x0F, 0x01, 0xE5, 0x98, 0x8F, 0x00}));
-    EXPECT_EQ(TTSInformationDescriptor::parse(missing.data(), missing.size(), nullptr, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TTSInformationDescriptorItem::parse: Item length not valid: 0. Aborting!",
-                    "ISDBTUtils: TTSInformationDescriptor::parse: Invalid item. Aborting!");
+    expectRefused<TTSInformationDescriptor>(
+        {0x01, (0 << 2) | 3, 0x0F, 0x01, 0xE5, 0x98, 0x8F, 0x00}, kDescriptorLength,
+        {"ISDBTUtils: TTSInformationDescriptorItem::parse: Item length not valid: 0. Aborting!",
+         "ISDBTUtils: TTSInformationDescriptor::parse: Invalid item. Aborting!"});
 }
 
 TEST(TSInformationDescriptorItem, ServicesAreCheckedAgainstTheBufferOnly)
@@ -95,14 +70,13 @@ TEST(TSInformationDescriptorItem, ServicesAreCheckedAgainstTheBufferOnly)
     U32 length = 0;
     U16 code = 0;
     // Two bytes of dataLength admit the item; its services lie in the buffer.
-    Item* item = Item::parse(data.data(), 2, &length, &code, data.data() + data.size());
+    std::unique_ptr<Item> item(Item::parse(data.data(), 2, &length, &code, data.data() + data.size()));
     ASSERT_NE(item, nullptr);
     EXPECT_EQ(length, 6u);
     EXPECT_EQ(item->getTransmissionParameterType(), Item::TRANSMISSION_PARAMETER_TYPE_B);
     EXPECT_EQ(item->getServices()[1], 0xE599);
-    delete item;
 
     EXPECT_EQ(Item::parse(data.data(), 5, &length, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+    EXPECT_EQ(code, kDataLength);
     EXPECT_WARNINGS(log, "ISDBTUtils: TTSInformationDescriptorItem::parse: Item length not valid: 5. Aborting!");
 }

@@ -16,6 +16,19 @@ Bytes patSection(U8 version, bool current = true, U8 sectionNumber = 0)
     return SectionBuilder(0x00).longHeader(0x0640, version, current, sectionNumber, 1).u32(0xE580E1F0).build();
 }
 
+TPATTable* parsePat(ExactBuffer& data, U16* code, TPATTable* previous = nullptr, BOOL checkCrc = TRUE)
+{
+    return TPATTable::parse(data.data(), data.size(), TRUE, checkCrc, code, previous);
+}
+
+// The header check of `table` over exactly `bytes`; the body length goes to `bodyLength`.
+BOOL header(TISDBTTable& table, const Bytes& bytes, BOOL versioned, U16* code, U16* bodyLength,
+            TISDBTTable* previous = nullptr)
+{
+    ExactBuffer data(bytes);
+    return table.parseCommonHeader(data.data(), data.size(), versioned, code, bodyLength, previous);
+}
+
 } // namespace
 
 TEST(TableHeader, ErrorCodesAndTypeValues)
@@ -37,47 +50,40 @@ TEST(TableHeader, ChecksInOrderWithTheirCodesAndLines)
     EXPECT_EQ(TPATTable::parse(nullptr, 100, TRUE, TRUE, &code, nullptr), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA);
 
-    ExactBuffer nine(Bytes(9, 0x00));
-    EXPECT_EQ(TPATTable::parse(nine.data(), nine.size(), TRUE, TRUE, &code, nullptr), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-
-    Bytes pmt = patSection(0);
+    const Bytes whole = patSection(0);
+    Bytes pmt = whole;
     pmt[0] = 0x02;
-    ExactBuffer wrongId(pmt);
-    EXPECT_EQ(TPATTable::parse(wrongId.data(), wrongId.size(), TRUE, TRUE, &code, nullptr), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
-
-    Bytes longer = patSection(0);
-    ExactBuffer oneShort(Bytes(longer.begin(), longer.end() - 1));
-    EXPECT_EQ(TPATTable::parse(oneShort.data(), oneShort.size(), TRUE, TRUE, &code, nullptr), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_SECTION_LEN_TOO_BIG);
+    const std::pair<Bytes, U16> cases[] = {
+        {Bytes(9, 0x00), TISDBTTable::ERROR_INVALID_DATA_LENGTH},
+        {pmt, TISDBTTable::ERROR_INVALID_TABLE_ID},
+        {Bytes(whole.begin(), whole.end() - 1), TISDBTTable::ERROR_INVALID_SECTION_LEN_TOO_BIG},
+    };
+    for (const auto& c : cases) {
+        ExactBuffer data(c.first);
+        EXPECT_EQ(parsePat(data, &code), nullptr);
+        EXPECT_EQ(code, c.second);
+    }
 
     EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Invalid data. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 9 < 10. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x02, instead of 0x00. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Section length exceeds data length. Aborting!");
-}
 
-TEST(TableHeader, ShortMinimumStillChecksTheTableIdWhenItsByteIsThere)
-{
-    LogCapture log;
+    log.clear();
     // A one-byte minimum and one byte of data: table_id is compared before
     // the missing section_length bytes stop the check.
-    ExactBuffer wrongId({0x3C});
-    TISDBTTable table(TISDBTTable::DSI_DII, 1, 0x3B, wrongId.data(), wrongId.size());
+    Bytes bytes = {0x3C};
+    TISDBTTable table(TISDBTTable::DSI_DII, 1, 0x3B, bytes.data(), 1);
     U16 bodyLength = 0;
-    U16 code = 0;
-    EXPECT_EQ(table.parseCommonHeader(wrongId.data(), wrongId.size(), FALSE, &code, &bodyLength, nullptr), FALSE);
+    EXPECT_EQ(header(table, {0x3C}, FALSE, &code, &bodyLength), FALSE);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_TABLE_ID);
-
-    ExactBuffer rightId({0x3B});
-    EXPECT_EQ(table.parseCommonHeader(rightId.data(), rightId.size(), FALSE, &code, &bodyLength, nullptr), FALSE);
+    EXPECT_EQ(header(table, {0x3B}, FALSE, &code, &bodyLength), FALSE);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
     EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Unexpected table ID. Got 0x3C, instead of 0x3B. Aborting!",
                     "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 1 < 3. Aborting!");
 }
 
-TEST(TableHeader, SectionLengthUsesTwelveBitsAndMayLeaveBytesOver)
+TEST(TableHeader, SectionAndBodyLengthsAndTheCrcIsNeverVerified)
 {
     Bytes bytes = patSection(0);
     bytes[1] |= 0x70; // flags above section_length are ignored
@@ -85,94 +91,77 @@ TEST(TableHeader, SectionLengthUsesTwelveBitsAndMayLeaveBytesOver)
     bytes.push_back(0xBB);
     ExactBuffer data(bytes);
     U16 code = 0xBEEF;
-    TPATTable* table = TPATTable::parse(data.data(), data.size(), TRUE, TRUE, &code, nullptr);
+    std::unique_ptr<TPATTable> table(parsePat(data, &code));
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(table->size(), 1u);
     EXPECT_EQ(table->getDataLength(), data.size()); // the excess is copied, not read
-    delete table;
-}
 
-TEST(TableHeader, BodyLengthIsSectionLengthLessCrcAndLongHeader)
-{
-    Bytes bytes = patSection(0);
-    TPATTable table(bytes.data(), static_cast<U32>(bytes.size()));
-    U16 bodyLength = 0;
-    U16 code = 0xBEEF;
-    ASSERT_EQ(table.TISDBTTable::parseCommonHeader(bytes.data(), static_cast<U32>(bytes.size()), FALSE, &code,
-                                                   &bodyLength, nullptr),
-              TRUE);
-    EXPECT_EQ(bodyLength, 5 + 4); // section_length 13 less the CRC
-    EXPECT_EQ(code, 0xBEEF);      // nothing stored on success
-    ASSERT_EQ(table.parseCommonHeader(bytes.data(), static_cast<U32>(bytes.size()), FALSE, &code, &bodyLength,
-                                      nullptr),
-              TRUE);
-    EXPECT_EQ(bodyLength, 4);
-
-    // section_length 3 wraps the short-header body count.
-    Bytes tiny = {0x00, 0xB0, 0x03, 0, 0, 0, 0, 0, 0, 0};
-    ASSERT_EQ(table.TISDBTTable::parseCommonHeader(tiny.data(), 10, FALSE, &code, &bodyLength, nullptr), TRUE);
-    EXPECT_EQ(bodyLength, 65535);
-}
-
-TEST(TableHeader, CrcIsNeverVerified)
-{
-    Bytes bytes = patSection(0);
-    bytes.back() ^= 0xFF;
-    ExactBuffer data(bytes);
+    Bytes broken = patSection(0);
+    broken.back() ^= 0xFF;
+    ExactBuffer badCrc(broken);
     for (BOOL check : {TRUE, FALSE}) {
-        U16 code = 0xBEEF;
-        TPATTable* table = TPATTable::parse(data.data(), data.size(), TRUE, check, &code, nullptr);
+        code = 0xBEEF;
+        table.reset(parsePat(badCrc, &code, nullptr, check));
         ASSERT_NE(table, nullptr);
         EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-        delete table;
     }
     TISDBTTable::setDebug(FALSE, TRUE); // no effect on logging or parsing
     LogCapture log;
     EXPECT_EQ(TPATTable::parse(nullptr, 0, TRUE, TRUE, nullptr, nullptr), nullptr);
     EXPECT_EQ(log.lines().size(), 1u);
+
+    // The body length is section_length less the CRC_32 and the long header.
+    Bytes pat = patSection(0);
+    TPATTable holder(pat.data(), static_cast<U32>(pat.size()));
+    U16 bodyLength = 0;
+    U16 headerCode = 0xBEEF;
+    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(pat.data(), static_cast<U32>(pat.size()), FALSE, &headerCode,
+                                                    &bodyLength, nullptr),
+              TRUE);
+    EXPECT_EQ(bodyLength, 5 + 4); // section_length 13 less the CRC
+    EXPECT_EQ(headerCode, 0xBEEF); // nothing stored on success
+    ASSERT_EQ(header(holder, pat, FALSE, &headerCode, &bodyLength), TRUE);
+    EXPECT_EQ(bodyLength, 4);
+
+    // section_length 3 wraps the short-header body count.
+    Bytes tiny = {0x00, 0xB0, 0x03, 0, 0, 0, 0, 0, 0, 0};
+    ASSERT_EQ(holder.TISDBTTable::parseCommonHeader(tiny.data(), 10, FALSE, &headerCode, &bodyLength, nullptr), TRUE);
+    EXPECT_EQ(bodyLength, 65535);
 }
 
-TEST(VersionedHeader, SameVersionIsNotAnUpdateWhateverTheCurrentIndicator)
+TEST(VersionedHeader, SameVersionIsNoUpdateAndLaterSectionsParseOnlyAlone)
 {
     LogCapture log;
     ExactBuffer first(patSection(4, true));
-    TPATTable* previous = TPATTable::parse(first.data(), first.size(), TRUE, TRUE, nullptr, nullptr);
+    std::unique_ptr<TPATTable> previous(parsePat(first, nullptr));
     ASSERT_NE(previous, nullptr);
 
     ExactBuffer next(patSection(4, false));
     U16 code = 0;
-    EXPECT_EQ(TPATTable::parse(next.data(), next.size(), TRUE, TRUE, &code, previous), nullptr);
+    EXPECT_EQ(parsePat(next, &code, previous.get()), nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_TABLE_NOT_UPDATED);
 
     ExactBuffer newer(patSection(5));
-    TPATTable* table = TPATTable::parse(newer.data(), newer.size(), TRUE, TRUE, &code, previous);
+    std::unique_ptr<TPATTable> table(parsePat(newer, &code, previous.get()));
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(previous->getVersion(), 4); // previous is only compared
     EXPECT_NO_LOG(log);
-    delete table;
-    delete previous;
-}
 
-TEST(VersionedHeader, LaterSectionNumbersParseAloneButNotAgainstPrevious)
-{
-    LogCapture log;
     ExactBuffer second(patSection(2, true, 1));
-    U16 code = 0xBEEF;
-    TPATTable* alone = TPATTable::parse(second.data(), second.size(), TRUE, TRUE, &code, nullptr);
+    std::unique_ptr<TPATTable> alone(parsePat(second, &code));
     ASSERT_NE(alone, nullptr);
     EXPECT_EQ(alone->getSectionNumber(), 1);
     EXPECT_EQ(alone->getLastSectionNumber(), 1);
 
     code = 0xBEEF;
-    EXPECT_EQ(TPATTable::parse(second.data(), second.size(), TRUE, TRUE, &code, alone), nullptr);
+    EXPECT_EQ(parsePat(second, &code, alone.get()), nullptr);
     EXPECT_EQ(code, 0xBEEF); // no code stored
     EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTVersionedTable::parse: Multi-section parsing not supported. TODO!");
-    delete alone;
 }
 
-TEST(VersionedHeader, PreviousOfAnotherTypeIsReportedFirstAndSilently)
+TEST(VersionedHeader, PreviousOfAnotherTypeIsSilentAndShortDataFails)
 {
     LogCapture log;
     Bytes other = {0x02, 0xB0, 0x09, 0, 1, 0xC1, 0, 0, 0, 0, 0, 0};
@@ -181,24 +170,13 @@ TEST(VersionedHeader, PreviousOfAnotherTypeIsReportedFirstAndSilently)
     TPATTable table(bytes.data(), static_cast<U32>(bytes.size()));
     U16 bodyLength = 0;
     U16 code = 0;
-    EXPECT_EQ(table.parseCommonHeader(bytes.data(), static_cast<U32>(bytes.size()), TRUE, &code, &bodyLength,
-                                      &pmtLike),
-              FALSE);
+    EXPECT_EQ(header(table, bytes, TRUE, &code, &bodyLength, &pmtLike), FALSE);
     EXPECT_EQ(code, TISDBTTable::ERROR_INCOMPATIBLE_TABLE_TYPE);
     EXPECT_NO_LOG(log);
-}
 
-TEST(VersionedHeader, FewerBytesThanTheLongHeaderFailWithTheLengthCode)
-{
-    LogCapture log;
-    // A table with a 4-byte minimum and section_length 1: the short header
-    // passes, the long header would be read past the data.
-    Bytes bytes = {0x02, 0xB0, 0x01, 0x00};
-    ExactBuffer data(bytes);
-    TISDBTVersionedTable table(TISDBTTable::PMT, 4, 0x02, data.data(), data.size());
-    U16 bodyLength = 0;
-    U16 code = 0;
-    EXPECT_EQ(table.parseCommonHeader(data.data(), data.size(), TRUE, &code, &bodyLength, nullptr), FALSE);
+    // A 4-byte minimum and section_length 1: the short header passes, the
+    // long header would be read past the data.
+    EXPECT_EQ(header(pmtLike, {0x02, 0xB0, 0x01, 0x00}, TRUE, &code, &bodyLength), FALSE);
     EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
     EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 4 < 8. Aborting!");
 }

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include <pat/TPATTable.h>
 
 #include "../support/LogCapture.h"
@@ -20,9 +22,9 @@ Bytes pat(U16 tsid, U8 version, const std::vector<std::pair<U16, U16>>& programs
     return b.build();
 }
 
-TPATTable* parse(ExactBuffer& data, U16* code, TPATTable* previous = nullptr)
+std::unique_ptr<TPATTable> parse(ExactBuffer& data, U16* code)
 {
-    return TPATTable::parse(data.data(), data.size(), TRUE, TRUE, code, previous);
+    return std::unique_ptr<TPATTable>(TPATTable::parse(data.data(), data.size(), TRUE, TRUE, code, nullptr));
 }
 
 } // namespace
@@ -32,7 +34,7 @@ TEST(PATTable, DecodesProgramsAndTheNetworkPid)
     LogCapture log;
     ExactBuffer data(pat(0x0640, 3, {{0x0000, 0x0010}, {0xE580, 0x01F0}, {0xE598, 0x1FC8}}));
     U16 code = 0xBEEF;
-    TPATTable* table = parse(data, &code);
+    std::unique_ptr<TPATTable> table = parse(data, &code);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(code, TISDBTTable::ERROR_OK);
     EXPECT_EQ(table->getType(), TISDBTTable::PAT);
@@ -51,27 +53,30 @@ TEST(PATTable, DecodesProgramsAndTheNetworkPid)
     EXPECT_TRUE(table->getDescriptorTags().empty());
     EXPECT_EQ(table->getDescriptor(0x41), nullptr);
     EXPECT_NO_LOG(log);
-    delete table;
 }
 
-TEST(PATTable, NetworkOnlyAndNoNetworkEntry)
+TEST(PATTable, NetworkPidReservedBitsDuplicatesAndAnEmptyLoop)
 {
     ExactBuffer onlyNetwork(pat(1, 0, {{0x0000, 0x0010}}));
-    TPATTable* table = parse(onlyNetwork, nullptr);
+    std::unique_ptr<TPATTable> table = parse(onlyNetwork, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->size(), 0u);
     EXPECT_EQ(table->getNetworkPid(), 0x0010);
-    delete table;
 
     ExactBuffer noNetwork(pat(1, 0, {{0x0101, 0x0100}}));
     table = parse(noNetwork, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->getNetworkPid(), 0);
-    delete table;
-}
 
-TEST(PATTable, ReservedPidBitsAreMaskedAndTheLaterDuplicateWins)
-{
+    ExactBuffer empty(pat(0x7FFF, 31, {}));
+    U16 code = 0xBEEF;
+    table = parse(empty, &code);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
+    EXPECT_EQ(table->size(), 0u);
+    EXPECT_EQ(table->getVersion(), 31);
+
+    // Reserved PID bits are masked and the later duplicate wins.
     Bytes bytes = SectionBuilder(0x00)
                       .longHeader(1, 0)
                       .bytes({0x00, 0x00, 0xFF, 0xFF})  // network PID 0x1FFF
@@ -80,25 +85,23 @@ TEST(PATTable, ReservedPidBitsAreMaskedAndTheLaterDuplicateWins)
                       .bytes({0x00, 0x05, 0x01, 0x23})
                       .build();
     ExactBuffer data(bytes);
-    TPATTable* table = parse(data, nullptr);
+    table = parse(data, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->getNetworkPid(), 0x0012);
     EXPECT_EQ(table->size(), 1u);
     EXPECT_EQ(table->get(5)->getProgramMapPid(), 0x0123);
-    delete table;
 
     ExactBuffer masked(pat(1, 0, {{0x0007, 0x1FFF}}));
     masked.data()[12] = 0xFF; // all reserved bits set
     table = parse(masked, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->get(7)->getProgramMapPid(), 0x1FFF);
-    delete table;
 }
 
-TEST(PATTable, ProgramNumbersAscendAndRemoveDeletes)
+TEST(PATTable, ProgramNumbersAscendRemoveDeletesAndNullsAreTolerated)
 {
     ExactBuffer data(pat(1, 0, {{0x0300, 0x30}, {0x0100, 0x10}, {0x0200, 0x20}}));
-    TPATTable* table = parse(data, nullptr);
+    std::unique_ptr<TPATTable> table = parse(data, nullptr);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->getProgramNumbers(), (std::list<U16>{0x0100, 0x0200, 0x0300}));
     EXPECT_EQ(table->remove(0x0200), TRUE);
@@ -113,69 +116,36 @@ TEST(PATTable, ProgramNumbersAscendAndRemoveDeletes)
     EXPECT_EQ(table->get(0x0100)->getProgramMapPid(), 0x0111);
     delete displaced;
     EXPECT_EQ(table->size(), 3u);
-    delete table;
+    // Null items and a null body-length pointer are tolerated.
+    table->add(nullptr);
+    EXPECT_EQ(table->size(), 3u);
+    EXPECT_EQ(table->parseCommonHeader(data.data(), data.size(), FALSE, nullptr, nullptr, nullptr), TRUE);
 }
 
-TEST(PATTable, EmptyProgramLoop)
+TEST(PATTable, LoopsRunningPastTheDataFailThere)
 {
-    ExactBuffer data(pat(0x7FFF, 31, {}));
-    U16 code = 0xBEEF;
-    TPATTable* table = parse(data, &code);
-    ASSERT_NE(table, nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_OK);
-    EXPECT_EQ(table->size(), 0u);
-    EXPECT_EQ(table->getVersion(), 31);
-    delete table;
-}
-
-TEST(PATTable, BodyNotAMultipleOfFourFailsAtTheEndOfTheData)
-{
-    LogCapture log;
     // Two program bytes too many: the second entry reads two body bytes and
     // two CRC bytes, the 16-bit count skips zero, and the third would pass
     // the end of the section.
-    Bytes bytes = SectionBuilder(0x00).longHeader(1, 0).u32(0x0001E100).u16(0x0002).build();
-    ExactBuffer data(bytes);
-    U16 code = 0;
-    EXPECT_EQ(parse(data, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 4. Aborting!");
-}
-
-TEST(PATTable, SectionLengthTooSmallForItsHeaderFailsInsteadOfReadingOn)
-{
-    LogCapture log;
+    const Bytes notMultipleOfFour = SectionBuilder(0x00).longHeader(1, 0).u32(0x0001E100).u16(0x0002).build();
     // section_length 7 is two bytes short of header and CRC: the body count
     // wraps to 65534 and the first entry would already pass the data.
-    Bytes bytes = SectionBuilder(0x00).longHeader(1, 0).buildWithSectionLength(7);
-    bytes.resize(10);
-    ExactBuffer data(bytes);
-    U16 code = 0;
-    EXPECT_EQ(parse(data, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-    EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: 2 < 4. Aborting!");
-}
-
-TEST(PATTable, WrappedCountKeepsReadingEntriesThatLieInsideTheData)
-{
+    Bytes tooSmall = SectionBuilder(0x00).longHeader(1, 0).buildWithSectionLength(7);
+    tooSmall.resize(10);
     // section_length 9 minus 1: the count wraps to 65535 - 4 ... and the loop
     // reads the trailing bytes the caller handed over as entries until the
     // data ends, where it stops with the length code.
-    Bytes bytes = SectionBuilder(0x00).longHeader(1, 0).buildWithSectionLength(8);
-    bytes.insert(bytes.end(), {0x00, 0x09, 0xE0, 0x90});
-    ExactBuffer data(bytes);
-    U16 code = 0;
-    EXPECT_EQ(parse(data, &code), nullptr);
-    EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-}
-
-TEST(PATTable, NullItemsAndANullBodyLengthAreTolerated)
-{
-    ExactBuffer data(pat(1, 0, {{0x0101, 0x0100}}));
-    TPATTable* table = parse(data, nullptr);
-    ASSERT_NE(table, nullptr);
-    table->add(nullptr);
-    EXPECT_EQ(table->size(), 1u);
-    EXPECT_EQ(table->parseCommonHeader(data.data(), data.size(), FALSE, nullptr, nullptr, nullptr), TRUE);
-    delete table;
+    Bytes wrapped = SectionBuilder(0x00).longHeader(1, 0).buildWithSectionLength(8);
+    wrapped.insert(wrapped.end(), {0x00, 0x09, 0xE0, 0x90});
+    const std::pair<Bytes, const char*> cases[] = {{notMultipleOfFour, "2"}, {tooSmall, "2"}, {wrapped, "0"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(::testing::PrintToString(c.first));
+        LogCapture log;
+        ExactBuffer data(c.first);
+        U16 code = 0;
+        EXPECT_EQ(parse(data, &code), nullptr);
+        EXPECT_EQ(code, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+        EXPECT_WARNINGS(log, "ISDBTUtils: TISDBTTable::parse: Longer data length is required: " +
+                                 std::string(c.second) + " < 4. Aborting!");
+    }
 }

@@ -8,59 +8,42 @@
 using namespace Vuro;
 using namespace VuroTest;
 
-TEST(ParseStr, ExplicitLengthCopiesRawBytesIncludingZeros)
+TEST(ParseStr, ExplicitOrPrefixedLengthWithinOrPastTheLimit)
 {
-    LogCapture log;
-    ExactBuffer data({'B', 0x00, 'R', 0xE1});
-    std::string target = "old";
-    EXPECT_EQ(ParserUtils::parseStr(data.data(), target, 4, 4), 4);
-    EXPECT_EQ(target, std::string("B\0R\xE1", 4));
-    EXPECT_NO_LOG(log);
+    struct Case {
+        Bytes data;
+        U32 length; // 0: a length-prefixed field
+        U32 limit;
+        S32 result;
+        std::string target; // what the target holds afterwards ("old" when kept)
+        std::string line;   // the length numbers of the warning, empty for none
+    };
+    const Case cases[] = {
+        {{'B', 0x00, 'R', 0xE1}, 4, 4, 4, std::string("B\0R\xE1", 4), ""}, // raw bytes, zeros included
+        {{0x55}, 0, 0, 0, "", ""},                                          // zero length, no data: empty
+        {{4, 'G', 'l', 'o', 'b'}, 0, 5, 5, "Glob", ""},
+        {{5, 'G', 'l', 'o', 'b'}, 0, 5, -1, "old", "5 > 4"}, // prefix longer than the rest
+        {{'a', 'b', 'c'}, 4, 3, -1, "old", "4 > 3"},         // explicit length one over the limit
+        {{'a', 'b', 'c'}, 3, 3, 3, "abc", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.target);
+        LogCapture log;
+        ExactBuffer data(c.data);
+        std::string target = "old";
+        EXPECT_EQ(ParserUtils::parseStr(data.data(), target, c.length, c.limit), c.result);
+        EXPECT_EQ(target, c.target);
+        if (c.line.empty())
+            EXPECT_NO_LOG(log);
+        else
+            EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data "
+                                 "length: " + c.line + ". Aborting!");
+    }
 }
 
-TEST(ParseStr, ZeroLengthAndNoDataGivesAnEmptyString)
+TEST(ParseByteArray, CopiesIntoANewArrayWarningAboutANullTarget)
 {
-    LogCapture log;
-    U8 unused = 0x55;
-    std::string target = "old";
-    EXPECT_EQ(ParserUtils::parseStr(&unused, target, 0, 0), 0);
-    EXPECT_EQ(target, "");
-    EXPECT_NO_LOG(log);
-}
-
-TEST(ParseStr, LengthPrefixedField)
-{
-    ExactBuffer data({4, 'G', 'l', 'o', 'b'});
-    std::string target;
-    EXPECT_EQ(ParserUtils::parseStr(data.data(), target, 0, 5), 5);
-    EXPECT_EQ(target, "Glob");
-}
-
-TEST(ParseStr, PrefixLongerThanTheRestFailsAndKeepsTarget)
-{
-    LogCapture log;
-    ExactBuffer data({5, 'G', 'l', 'o', 'b'});
-    std::string target = "kept";
-    EXPECT_EQ(ParserUtils::parseStr(data.data(), target, 0, 5), -1);
-    EXPECT_EQ(target, "kept");
-    EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: "
-                         "5 > 4. Aborting!");
-}
-
-TEST(ParseStr, ExplicitLengthOneOverTheLimitFails)
-{
-    LogCapture log;
-    ExactBuffer data({'a', 'b', 'c'});
-    std::string target;
-    EXPECT_EQ(ParserUtils::parseStr(data.data(), target, 4, 3), -1);
-    EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseStr: ERROR: String length exceeds available data length: "
-                         "4 > 3. Aborting!");
-    EXPECT_EQ(ParserUtils::parseStr(data.data(), target, 3, 3), 3);
-    EXPECT_EQ(target, "abc");
-}
-
-TEST(ParseByteArray, CopiesIntoANewArrayAndWarnsAboutTheFreshTarget)
-{
+    const std::string nullTarget = "ISDBTUils: ParserUtils::parseByteArray: ERROR: Invalid data target. Aborting!";
     LogCapture log;
     ExactBuffer data({1, 2, 3});
     U8* target = nullptr;
@@ -68,37 +51,28 @@ TEST(ParseByteArray, CopiesIntoANewArrayAndWarnsAboutTheFreshTarget)
     ASSERT_NE(target, nullptr);
     EXPECT_NE(target, data.data());
     EXPECT_EQ(Bytes(target, target + 3), (Bytes{1, 2, 3}));
-    EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseByteArray: ERROR: Invalid data target. Aborting!");
+    EXPECT_WARNINGS(log, nullTarget);
     delete[] target;
-}
 
-TEST(ParseByteArray, NonNullTargetIsReplacedWithoutWarning)
-{
-    LogCapture log;
-    ExactBuffer data({9, 8});
+    // A non-null target is replaced without a warning.
+    log.clear();
     U8 earlier[2] = {0, 0};
-    U8* target = earlier; // not ours to free: the call must not touch it
-    ParserUtils::parseByteArray(data.data(), target, 2);
+    target = earlier; // not ours to free: the call must not touch it
+    ParserUtils::parseByteArray(data.data() + 1, target, 2);
     ASSERT_NE(target, earlier);
-    EXPECT_EQ(Bytes(target, target + 2), (Bytes{9, 8}));
+    EXPECT_EQ(Bytes(target, target + 2), (Bytes{2, 3}));
     EXPECT_NO_LOG(log);
     delete[] target;
-}
 
-TEST(ParseByteArray, ZeroLengthLeavesTargetNull)
-{
-    LogCapture log;
-    U8 unused = 0;
-    U8 earlier = 0;
-    U8* target = &earlier;
-    ParserUtils::parseByteArray(&unused, target, 0);
-    EXPECT_EQ(target, nullptr);
-    EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseByteArray: ERROR: Byte array length is not greater than "
-                         "zero.Aborting!");
-
+    // Zero length leaves the target null.
+    const std::string zero = "ISDBTUils: ParserUtils::parseByteArray: ERROR: Byte array length is not greater than "
+                             "zero.Aborting!";
     log.clear();
-    ParserUtils::parseByteArray(&unused, target, 0);
-    EXPECT_WARNINGS(log, "ISDBTUils: ParserUtils::parseByteArray: ERROR: Invalid data target. Aborting!",
-                    "ISDBTUils: ParserUtils::parseByteArray: ERROR: Byte array length is not greater than "
-                    "zero.Aborting!");
+    target = earlier;
+    ParserUtils::parseByteArray(data.data(), target, 0);
+    EXPECT_EQ(target, nullptr);
+    EXPECT_WARNINGS(log, zero);
+    log.clear();
+    ParserUtils::parseByteArray(data.data(), target, 0);
+    EXPECT_WARNINGS(log, nullTarget, zero);
 }
