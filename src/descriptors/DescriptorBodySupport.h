@@ -3,7 +3,6 @@
 #ifndef VURO_DESCRIPTOR_BODY_SUPPORT_H
 #define VURO_DESCRIPTOR_BODY_SUPPORT_H
 
-#include <cstring>
 
 #include "../TISDBTTable.h"
 #include "TISDBTDescriptor.h"
@@ -21,20 +20,6 @@ inline BOOL descriptorBytesInBuffer(const U8* pos, const U8* limit, U32 need, U1
         return TRUE;
     ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
     return FALSE;
-}
-
-// Copies the count bytes at from into a new array owned by the descriptor
-// (null when there is none). The size member is 8 bits wide, as the receiver
-// API has always exposed it: a block over 255 bytes is copied whole and its
-// size wraps.
-inline void copyByteBlock(const U8* from, U32 count, VURO_U8*& block, VURO_U8& size)
-{
-    block = nullptr;
-    size = static_cast<VURO_U8>(count);
-    if (count == 0)
-        return;
-    block = new VURO_U8[count];
-    std::memcpy(block, from, count);
 }
 
 // A body of fieldsLength fixed bytes from byte 2 on, followed by a block that

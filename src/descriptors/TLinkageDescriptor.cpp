@@ -1,7 +1,5 @@
 #include "TLinkageDescriptor.h"
 
-#include <cstring>
-
 #include "../utils/VuroParseSupport.h"
 
 namespace Vuro {
@@ -43,13 +41,7 @@ BOOL TLinkageDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedL
     m_iOriginalNetworkID = readU16(body + 2);
     m_iServiceID = readU16(body + 4);
     m_iLinkageType = body[6];
-    const U32 privateLength = dataLength - kPrivateDataOffset;
-    // The size is kept in 8 bits, as its getter reports it.
-    m_iPrivateDataSize = static_cast<U8>(privateLength & 0xFF);
-    if (privateLength != 0) {
-        m_pPrivateData = new VURO_U8[privateLength];
-        std::memcpy(m_pPrivateData, m_pData + kPrivateDataOffset, privateLength);
-    }
+    copyByteBlock(m_pData + kPrivateDataOffset, dataLength - kPrivateDataOffset, m_pPrivateData, m_iPrivateDataSize);
     parsedLength = dataLength - COMMON_HEADER_LENGTH;
     return TRUE;
 }

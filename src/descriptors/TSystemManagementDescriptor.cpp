@@ -1,7 +1,5 @@
 #include "TSystemManagementDescriptor.h"
 
-#include <cstring>
-
 #include "../utils/VuroParseSupport.h"
 
 namespace Vuro {
@@ -40,13 +38,7 @@ BOOL TSystemManagementDescriptor::parseBody(U32 dataLength, const U8* limit, U32
     if (!requireData(dataLength, limit, errorCode))
         return FALSE;
     m_iSystemMngID = readU16(m_pData + COMMON_HEADER_LENGTH);
-    const U32 infoLength = dataLength - kInfoOffset;
-    // The size is kept in 8 bits, as its getter reports it.
-    m_iAdditionalIdentInfoSize = static_cast<U8>(infoLength & 0xFF);
-    if (infoLength != 0) {
-        m_pAdditionalIdentInfo = new VURO_U8[infoLength];
-        std::memcpy(m_pAdditionalIdentInfo, m_pData + kInfoOffset, infoLength);
-    }
+    copyByteBlock(m_pData + kInfoOffset, dataLength - kInfoOffset, m_pAdditionalIdentInfo, m_iAdditionalIdentInfoSize);
     parsedLength = dataLength - COMMON_HEADER_LENGTH;
     return TRUE;
 }

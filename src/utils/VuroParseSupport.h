@@ -6,6 +6,7 @@
 #include <android/log.h>
 
 #include <cstddef>
+#include <cstring>
 
 #include "VuroISDBTUtils.h"
 
@@ -39,6 +40,20 @@ inline void stepWithin(U8*& position, const U8* limit, U32 count)
 {
     const U32 left = bytesLeft(position, limit);
     position += count < left ? count : left;
+}
+
+// Copies the count bytes at from into a new array owned by the descriptor
+// (null when there is none). The size member is 8 bits wide, as the receiver
+// API has always exposed it: a block over 255 bytes is copied whole and its
+// size wraps.
+inline void copyByteBlock(const U8* from, U32 count, VURO_U8*& block, VURO_U8& size)
+{
+    block = nullptr;
+    size = static_cast<VURO_U8>(count);
+    if (count == 0)
+        return;
+    block = new VURO_U8[count];
+    std::memcpy(block, from, count);
 }
 
 // The limit a parse uses when it is the outermost call: the end of its own
