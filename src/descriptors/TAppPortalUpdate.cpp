@@ -50,7 +50,7 @@ std::list<TAppPortalUpdate::AppID*>* TAppPortalUpdate::getIds()
 
 TAppPortalUpdate* TAppPortalUpdate::parse(VURO_U8* data, VURO_U32 dataLength, VURO_U16* errorCode)
 {
-    if (dataLength == 0)
+    if (dataLength == 0 || !data)
         return refuseLength(nullptr, errorCode);
     TAppPortalUpdate* record = new TAppPortalUpdate();
     const U8* limit = data + dataLength;

@@ -1,8 +1,6 @@
 #include "TCompatibilityDescriptorSubItem.h"
 
-#include "../TISDBTTable.h"
-#include "../utils/ParserUtils.h"
-#include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -47,16 +45,13 @@ TCompatibilityDescriptorSubItem* TCompatibilityDescriptorSubItem::parse(VURO_U8*
     TCompatibilityDescriptorSubItem* item = new TCompatibilityDescriptorSubItem();
     item->m_iSubDescriptorType = data[0];
     item->m_iAdditionalInformationLength = data[1];
-    if (item->m_iAdditionalInformationLength != 0) {
-        ParserUtils::parseByteArray(data + kHeaderLength, item->m_iAdditionalInformation,
-                                    item->m_iAdditionalInformationLength);
-        if (!item->m_iAdditionalInformation) {
-            VURO_LOGW("%s: TCompatibilityDescriptorSubItem:: parse: ERROR: parsing Additional Information. Aborting!",
-                      VURO_LOG_ORIGIN);
-            ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_STRING);
-            delete item;
-            return nullptr;
-        }
+    if (item->m_iAdditionalInformationLength != 0 &&
+        !copyDownloadBlock(data + kHeaderLength, item->m_iAdditionalInformationLength, item->m_iAdditionalInformation,
+                           "%s: TCompatibilityDescriptorSubItem:: parse: ERROR: parsing Additional Information. "
+                           "Aborting!",
+                           errorCode)) {
+        delete item;
+        return nullptr;
     }
     if (parsedLength)
         *parsedLength = kHeaderLength + item->m_iAdditionalInformationLength;

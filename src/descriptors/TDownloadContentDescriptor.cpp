@@ -1,7 +1,6 @@
 #include "TDownloadContentDescriptor.h"
 
-#include "../utils/ParserUtils.h"
-#include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -121,10 +120,10 @@ BOOL TDownloadContentDescriptor::parseBody(U32 dataLength, const U8* limit, U32&
     if (m_iPrivateDataLength != 0) {
         if (!require(position, m_iPrivateDataLength, limit, errorCode))
             return FALSE;
-        ParserUtils::parseByteArray(position, m_iPrivateData, m_iPrivateDataLength);
-        if (!m_iPrivateData)
-            return failString("%s: TDownloadContentDescriptor:: parse: ERROR: parsing Private Data. Aborting!",
-                              errorCode);
+        if (!copyDownloadBlock(position, m_iPrivateDataLength, m_iPrivateData,
+                               "%s: TDownloadContentDescriptor:: parse: ERROR: parsing Private Data. Aborting!",
+                               errorCode))
+            return FALSE;
         // A record that cannot be decoded leaves a null portal update (and its
         // code in errorCode until the success below overwrites it); the
         // descriptor itself stays valid.

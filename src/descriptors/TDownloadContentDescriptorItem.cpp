@@ -1,8 +1,6 @@
 #include "TDownloadContentDescriptorItem.h"
 
-#include "../TISDBTTable.h"
-#include "../utils/ParserUtils.h"
-#include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -50,16 +48,13 @@ TDownloadContentDescriptorItem* TDownloadContentDescriptorItem::parse(VURO_U8* d
     item->m_iModuleID = readU16(data);
     item->m_iModuleSize = readU32(data + 2);
     item->m_iModuleInfoLength = data[6];
-    if (item->m_iModuleInfoLength != 0) {
-        ParserUtils::parseByteArray(data + kFixedLength, item->m_iModuleInfo, item->m_iModuleInfoLength);
-        if (!item->m_iModuleInfo) {
-            // "Mondule": the spelling receivers' log filters match.
-            VURO_LOGW("%s: TDownloadContentDescriptorItem:: parse: ERROR: parsing Mondule Info. Aborting!",
-                      VURO_LOG_ORIGIN);
-            ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_STRING);
-            delete item;
-            return nullptr;
-        }
+    // "Mondule": the spelling receivers' log filters match.
+    if (item->m_iModuleInfoLength != 0 &&
+        !copyDownloadBlock(data + kFixedLength, item->m_iModuleInfoLength, item->m_iModuleInfo,
+                           "%s: TDownloadContentDescriptorItem:: parse: ERROR: parsing Mondule Info. Aborting!",
+                           errorCode)) {
+        delete item;
+        return nullptr;
     }
     if (parsedLength)
         *parsedLength = kFixedLength + item->m_iModuleInfoLength;
