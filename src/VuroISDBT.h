@@ -91,4 +91,16 @@
 #include "tot/TTOTTable.h"
 // (end of time offset table)
 
+// Software download trigger table
+#include "descriptors/TAppPortalUpdate.h"
+#include "descriptors/TCompatibilityDescriptor.h"
+#include "descriptors/TCompatibilityDescriptorItem.h"
+#include "descriptors/TCompatibilityDescriptorSubItem.h"
+#include "descriptors/TDownloadContentDescriptor.h"
+#include "descriptors/TDownloadContentDescriptorItem.h"
+#include "sdtt/TDownloadContent.h"
+#include "sdtt/TSDTTTable.h"
+#include "sdtt/TScheduleInfo.h"
+// (end of software download trigger table)
+
 #endif

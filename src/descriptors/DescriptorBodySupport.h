@@ -6,6 +6,7 @@
 
 #include "../TISDBTTable.h"
 #include "TISDBTDescriptor.h"
+#include "../utils/ParserUtils.h"
 #include "../utils/VuroParseSupport.h"
 
 namespace Vuro {
@@ -36,6 +37,21 @@ inline BOOL copyBlockAfterFields(const U8* data, U32 dataLength, U32 fieldsLengt
         return FALSE;
     copyByteBlock(body + fieldsLength, count, block, size);
     return TRUE;
+}
+
+// The owned blocks of the download records (module info, additional
+// information, private data): count bytes at from copied into block with
+// ParserUtils::parseByteArray, which warns about the fresh (null) target
+// on every copy, as receivers' logs have always shown. A copy that yields
+// nothing logs failLine and stores ERROR_INVALID_STRING.
+inline BOOL copyDownloadBlock(U8* from, U8 count, VURO_U8*& block, const char* failLine, U16* errorCode)
+{
+    ParserUtils::parseByteArray(from, block, count);
+    if (block)
+        return TRUE;
+    VURO_LOGW(failLine, VURO_LOG_ORIGIN);
+    ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_STRING);
+    return FALSE;
 }
 
 // Logs a class's length line (its format reads "%s: <class>::parse: Longer

@@ -1,6 +1,6 @@
 // Writes a small ISDB-Tb transport stream byte by byte, without the section
 // library: a terrestrial multiplex with one full-seg and one one-seg service
-// (PAT, two PMTs, NIT, SDT, TOT, video, audio and null packets). Sections of
+// (PAT, two PMTs, NIT, SDT, TOT, SDTT, video, audio and null packets). Sections of
 // the NIT and SDT PIDs are packed back to back, so that sections share
 // packets and span packet boundaries as they do on air.
 //
@@ -216,6 +216,79 @@ Bytes tot(unsigned secondsOfDay)
     return out;
 }
 
+void put32(Bytes& out, std::uint32_t value)
+{
+    put16(out, value >> 16);
+    put16(out, value & 0xFFFF);
+}
+
+// start_time (MJD, BCD hh mm ss) and duration (BCD hh mm ss) of a period.
+Bytes period(unsigned mjd, unsigned hours, unsigned minutes, unsigned durationHours, unsigned durationMinutes)
+{
+    Bytes out;
+    put16(out, mjd);
+    append(out, {bcd(hours), bcd(minutes), 0x00, bcd(durationHours), bcd(durationMinutes), 0x00});
+    return out;
+}
+
+// SDTT on PID 0x0023 announcing a receiver software update for maker 0x5A,
+// model 0x01, carried in the full-seg service: one mandatory content from
+// version 0x010 on to 0x011, broadcast in two night periods, with a
+// download content descriptor (reboot, one compatibility entry, two
+// modules, an application portal update as private data and a text).
+Bytes sdtt()
+{
+    Bytes descriptorBody{0xB8}; // reboot, compatibility, module info, text info
+    put32(descriptorBody, 0x00200000);  // component_size: 2 MiB
+    put32(descriptorBody, 0x00000001);  // download_id
+    put32(descriptorBody, 60000);       // time_out_value_DII (ms)
+    append(descriptorBody, {0x00, 0x9C, 0x43, 0x40}); // leak_rate 10000 (x 50 bytes/s), component_tag 0x40
+    // compatibilityDescriptor(): one hardware entry, IEEE OUI 0x00ABCD, model 0x0104, version 0x0200.
+    append(descriptorBody, {0x00, 0x0D, 0x00, 0x01});
+    append(descriptorBody, {0x01, 0x09, 0x01, 0x00, 0xAB, 0xCD, 0x01, 0x04, 0x02, 0x00, 0x00});
+    // two modules of 1 MiB.
+    append(descriptorBody, {0x00, 0x02});
+    append(descriptorBody, {0x00, 0x01, 0x00, 0x10, 0x00, 0x00, 0x00});
+    append(descriptorBody, {0x00, 0x02, 0x00, 0x10, 0x00, 0x00, 0x00});
+    // private data: application portal update for application 4294967297 on
+    // host "vuro.tv", version 2.1, 2 MiB, 64 KiB patch, installed 1.0 to 2.0.
+    Bytes portal{0x10, 0x07};
+    append(portal, text("vuro.tv"));
+    append(portal, {0x00, 0x00, 0x00, 0x01, 0x00, 0x00, 0x00, 0x01, 0x02, 0x01});
+    put32(portal, 0x00200000);
+    put32(portal, 0x00010000);
+    append(portal, {0x81, 0x00, 0x82, 0x00});
+    descriptorBody.push_back(static_cast<std::uint8_t>(portal.size()));
+    append(descriptorBody, portal);
+    const Bytes message = text("Atualiza\xE7\xE3o do receptor"); // Latin-1
+    append(descriptorBody, text("por"));
+    descriptorBody.push_back(static_cast<std::uint8_t>(message.size()));
+    append(descriptorBody, message);
+    const Bytes descriptors = descriptor(0xC9, descriptorBody);
+
+    // 2024-08-03 and 2024-08-04, 05:00 UTC (02:00 Brasília time), 1 h 30 min each.
+    const Bytes periods = [] {
+        Bytes out = period(60525, 5, 0, 1, 30);
+        append(out, period(60526, 5, 0, 1, 30));
+        return out;
+    }();
+    const unsigned contentLength = static_cast<unsigned>(periods.size() + descriptors.size());
+    const unsigned scheduleLength = static_cast<unsigned>(periods.size());
+    Bytes content{0x00, 0x10, 0x01, 0x15}; // group 0, target 0x010, new 0x011, level 1 (mandatory), indicator 1
+    put16(content, contentLength << 4 | 0x0F);
+    put16(content, scheduleLength << 4); // schedule_timeshift_information 0
+    append(content, periods);
+    append(content, descriptors);
+
+    Bytes body;
+    put16(body, kTransportStreamId);
+    put16(body, kNetworkId);
+    put16(body, kFullSeg);
+    body.push_back(0x01); // num_of_contents
+    append(body, content);
+    return longSection(0xC3, 0x5A01, 0, body);
+}
+
 class Writer {
 public:
     Writer(std::FILE* file, unsigned packetSize) : m_file(file), m_packetSize(packetSize) {}
@@ -411,10 +484,12 @@ int main(int argc, char** argv)
     Writer writer(file, static_cast<unsigned>(packetSize));
     SectionPid patPid(0x0000, false), fullSegPmtPid(kFullSegPmtPid, false), oneSegPmtPid(kOneSegPmtPid, false);
     SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false);
+    SectionPid sdttPid(0x0023, false);
     MediaPid video(kVideoPid, 0xE0, true), audio(kAudioPid, 0xC0, false);
     MediaPid oneSegVideo(kOneSegVideoPid, 0xE0, false), oneSegAudio(kOneSegAudioPid, 0xC0, false);
     const Bytes patSection = pat(), fullSegPmtSection = fullSegPmt(), oneSegPmtSection = oneSegPmt();
     const Bytes nitSection = nit(), sdtSections[2] = {sdt(0), sdt(1)};
+    const Bytes sdttSection = sdtt();
     std::uint32_t seed = 0x2545F491u;
 
     for (unsigned long cycle = 0; cycle < cycles; ++cycle) {
@@ -424,6 +499,7 @@ int main(int argc, char** argv)
         nitPid.send(writer, nitSection);
         sdtPid.send(writer, sdtSections[cycle >= 2 ? 1 : 0]);
         totPid.send(writer, tot(static_cast<unsigned>(15 * 3600 + 30 * 60 + cycle)));
+        sdttPid.send(writer, sdttSection);
         for (unsigned long k = 0; k < videoPackets; ++k) {
             video.send(writer, k % 12 == 0, seed);
             if (k % 6 == 3)
