@@ -20,7 +20,8 @@ const PrinterTable& printers()
 {
     static const PrinterTable table = [] {
         PrinterTable byTag;
-        for (const auto& family : {networkDescriptorPrinters(), serviceDescriptorPrinters(), streamDescriptorPrinters()})
+        for (const auto& family : {networkDescriptorPrinters(), serviceDescriptorPrinters(), streamDescriptorPrinters(),
+                                   dsmccDescriptorPrinters()})
             for (const DescriptorPrinterEntry& entry : family)
                 byTag[entry.tag].push_back(entry.print);
         return byTag;
