@@ -147,20 +147,13 @@ TEST(DSMCCStreamDescriptors, GeneralEventTimeModesAndItsTail)
     EXPECT_EQ(mjd2.object->getEventMsgID(), 6);
     EXPECT_EQ(mjd2.object->getPrivateData(), nullptr);
 
-    // Relative time keeps the low nibble of byte 5; mode 0 reads no time.
+    // Relative time keeps the low nibble of byte 5.
     Parsed<G> relative({0x00, 0x00, G::TIME_MODE_EVENT_RELATIVE, 0xF3, 0x00, 0x00, 0x0E, 0x10, 0x01, 0x00, 0x02, 0, 0,
                         0, 0, 0});
     ASSERT_TRUE(relative.decoded(16u));
     EXPECT_EQ(relative.object->getEventMsgRelativeTimeH(), 3);
     EXPECT_EQ(relative.object->getEventMsgRelativeTimeL(), 3600u);
-    EXPECT_EQ(relative.object->getEventMsgNPTL(), 0u);
-    Parsed<G> none({0x00, 0x00, G::TIME_MODE_NONE, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x04, 0x00, 0x08, 0, 0, 0, 0, 0});
-    ASSERT_TRUE(none.decoded(16u));
-    EXPECT_EQ(none.object->getEventMsgType(), 4);
-    EXPECT_EQ(none.object->getEventMsgID(), 8);
-    EXPECT_EQ(none.object->getEventMsgNPTL(), 0u);
-    EXPECT_EQ(none.object->getEventMsgRelativeTimeL(), 0u);
-    EXPECT_EQ(none.object->getPrivateDataSize(), 5);
+    EXPECT_EQ(relative.object->getEventMsgID(), 2);
     EXPECT_NO_LOG(log);
 }
 
