@@ -1,7 +1,7 @@
 // Writes a small ISDB-Tb transport stream byte by byte, without the section
 // library: a terrestrial multiplex with one full-seg and one one-seg service
-// (PAT, two PMTs, NIT, SDT, TOT, DSM-CC stream events and a data carousel
-// module, video, audio and null packets). Sections of
+// (PAT, two PMTs, NIT, SDT, TOT, DSM-CC stream events, a data carousel module
+// and its datacaster carousel entry, video, audio and null packets). Sections of
 // the NIT and SDT PIDs are packed back to back, so that sections share
 // packets and span packet boundaries as they do on air.
 //
@@ -278,6 +278,19 @@ Bytes downloadDataBlock()
     return longSection(0x3C, 0x0001, 1, body);
 }
 
+// A datacaster carousel table (0x99) with the entry of the data carousel:
+// PID, version, carousel_id, component_tag and the application's name.
+Bytes datacasterCarouselTable()
+{
+    Bytes body;
+    put16(body, 0xE000 | kDataPid);
+    append(body, {0x01, 0x00, 0x00, 0x00, 0x01, 0x40});
+    const Bytes name = text("Vuro Interativo");
+    body.push_back(static_cast<std::uint8_t>(name.size()));
+    append(body, name);
+    return longSection(0x99, 0x0001, 1, body);
+}
+
 class Writer {
 public:
     Writer(std::FILE* file, unsigned packetSize) : m_file(file), m_packetSize(packetSize) {}
@@ -491,6 +504,7 @@ int main(int argc, char** argv)
         if (cycle == 0) {
             dataPid.send(writer, downloadInfoIndication());
             dataPid.send(writer, downloadDataBlock());
+            dataPid.send(writer, datacasterCarouselTable());
         }
         for (unsigned long k = 0; k < videoPackets; ++k) {
             video.send(writer, k % 12 == 0, seed);

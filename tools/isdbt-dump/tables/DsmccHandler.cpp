@@ -1,7 +1,8 @@
 // DSM-CC sections on the PIDs the PMTs announce (stream types 0x0B-0x0D):
 // stream descriptor sections (0x3D) with their NPT times, stream modes and
 // stream events, and a one-line summary of each DSI/DII (0x3B) and DDB
-// (0x3C) section, which the library keeps whole for a carousel engine.
+// (0x3C) section, which the library keeps whole for a carousel engine; and
+// the entries of datacaster carousel tables (0x99) found there.
 #include "DescriptorPrinter.h"
 #include "TableHandlers.h"
 
@@ -175,7 +176,63 @@ protected:
     void printTable(const T& table, TreeOut& out) const override { printCarouselMessage(table, out); }
 };
 
+// A datacaster carousel table section: the library offers its entries
+// only, so the dump reads the long header with the library's check and
+// hands the entries, back to back up to the CRC_32, to the entry parse.
+class DatacasterTable : public TISDBTVersionedTable {
+public:
+    DatacasterTable(U8* section, U32 length) : TISDBTVersionedTable(DCT, 12, 0x99, section, length) {}
+    std::vector<std::unique_ptr<TDatacasterCarousel>> entries;
+};
+
+class DatacasterHandler : public TableHandlerOf<DatacasterTable> {
+public:
+    DatacasterHandler() : TableHandlerOf("DCT", ROLE_DSMCC, 0x99) {}
+
+protected:
+    DatacasterTable* parseTable(U8* section, U32 length, DatacasterTable* previous, U16* errorCode) const override
+    {
+        std::unique_ptr<DatacasterTable> table = std::make_unique<DatacasterTable>(section, length);
+        U16 bodyLength = 0;
+        if (!table->parseCommonHeader(section, length, TRUE, errorCode, &bodyLength, previous))
+            return nullptr;
+        const U32 header = TISDBTVersionedTable::COMMON_HEADER_LENGTH;
+        const U32 available = length - header - TISDBTTable::CRC_LENGTH;
+        U8* position = table->getData() + header;
+        const U8* end = position + (bodyLength < available ? bodyLength : available);
+        while (position < end) {
+            U32 itemLength = 0;
+            TDatacasterCarousel* entry = TDatacasterCarousel::parse(position, static_cast<U32>(end - position), TRUE,
+                                                                    &itemLength, errorCode, end);
+            if (!entry)
+                return nullptr;
+            table->entries.emplace_back(entry);
+            position += itemLength;
+        }
+        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_OK);
+        return table.release();
+    }
+
+    void printTable(const DatacasterTable& table, TreeOut& out) const override
+    {
+        printVersionedHeader(table, "table_id_extension", out);
+        out.beginList("carousels");
+        for (const auto& entry : table.entries) {
+            beginKeyedItem(out, "carousel", entry->getCarouselID(), 8);
+            out.hex("PID", entry->getPID(), 4);
+            out.number("version", entry->getVersion());
+            out.hex("carousel_id", entry->getCarouselID(), 8);
+            out.hex("component_tag", entry->getComponentTag(), 2);
+            out.text("application_name", entry->getApplicationName());
+            out.end();
+        }
+        out.end();
+    }
+};
+
 } // namespace
+
+std::unique_ptr<TableHandler> makeDatacasterHandler() { return std::make_unique<DatacasterHandler>(); }
 
 std::unique_ptr<TableHandler> makeDsmccSectionHandler() { return std::make_unique<DsmccSectionHandler>(); }
 

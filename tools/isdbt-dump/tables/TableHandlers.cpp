@@ -17,6 +17,7 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makeDsmccSectionHandler());
     handlers.push_back(makeDsiDiiHandler());
     handlers.push_back(makeDdbHandler());
+    handlers.push_back(makeDatacasterHandler());
     // A table whose class is not listed here is counted as "not decoded".
     return handlers;
 }
