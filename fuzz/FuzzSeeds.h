@@ -20,6 +20,7 @@ std::vector<Seed> streamSeeds();
 std::vector<Seed> programMapSeeds();
 std::vector<Seed> serviceTimeSeeds();
 std::vector<Seed> downloadSeeds();
+std::vector<Seed> dsmccSeeds();
 
 std::vector<Seed> allSeeds();
 

@@ -102,5 +102,22 @@
 #include "sdtt/TSDTTTable.h"
 #include "sdtt/TScheduleInfo.h"
 // (end of software download trigger table)
+// Datacaster carousel entry
+#include "dct/TDatacasterCarousel.h"
+
+// DSM-CC sections and their stream descriptors
+#include "DSMCCSection/TDDBTable.h"
+#include "DSMCCSection/TDSMCCSectionTable.h"
+#include "DSMCCSection/TDsiDiiTable.h"
+#include "descriptors/TGeneralEventDescriptor.h"
+#include "descriptors/TNPTEndpointDescriptor.h"
+#include "descriptors/TNPTReferenceDescriptor.h"
+#include "descriptors/TStreamEventDescriptor.h"
+#include "descriptors/TStreamModeDescriptor.h"
+// (end of DSM-CC sections)
+
+// Sign-language descriptors
+#include "descriptors/TLCMDescriptor.h"
+#include "descriptors/TLDMDescriptor.h"
 
 #endif

@@ -162,6 +162,12 @@ const char* runningStatusName(std::uint8_t status)
 const char* descriptorTagName(std::uint8_t tag)
 {
     switch (tag) {
+    // Tags 0x01-0x04 as DSM-CC sections (table_id 0x3D) use them, the only
+    // table the dump decodes that keeps descriptors with these tags.
+    case 0x01: return "NPT reference";
+    case 0x02: return "NPT endpoint";
+    case 0x03: return "stream mode";
+    case 0x04: return "stream event";
     case 0x09: return "conditional access";
     case 0x0A: return "ISO 639 language";
     case 0x0D: return "copyright";

@@ -1,6 +1,7 @@
 // Writes a small ISDB-Tb transport stream byte by byte, without the section
 // library: a terrestrial multiplex with one full-seg and one one-seg service
-// (PAT, two PMTs, NIT, SDT, TOT, SDTT, video, audio and null packets). Sections of
+// (PAT, two PMTs, NIT, SDT, TOT, SDTT, DSM-CC stream events, a data carousel
+// module and its datacaster carousel entry, video, audio and null packets). Sections of
 // the NIT and SDT PIDs are packed back to back, so that sections share
 // packets and span packet boundaries as they do on air.
 //
@@ -289,6 +290,80 @@ Bytes sdtt()
     return longSection(0xC3, 0x5A01, 0, body);
 }
 
+// Stream descriptor sections (table_id 0x3D) on the data carousel's PID,
+// one per cycle with a new version: data_event_id 1, event_msg_group_id 1.
+// The second carries its stream event under the older tag 26.
+Bytes streamEvent(std::uint8_t tag, unsigned eventId, unsigned nptSeconds, const char* name)
+{
+    Bytes body;
+    put16(body, eventId);
+    append(body, {0xFF, 0xFF, 0xFF, 0xFE}); // reserved, top bit of eventNPT clear
+    const unsigned npt = nptSeconds * 90000;
+    put16(body, npt >> 16);
+    put16(body, npt & 0xFFFF);
+    append(body, text(name));
+    return descriptor(tag, body);
+}
+
+Bytes streamEventSection(unsigned cycle)
+{
+    Bytes body;
+    switch (cycle % 3) {
+    case 0:
+        // NPT reference: STC 10 000 000, NPT 0, scale 1/1; then start the document.
+        append(body, descriptor(0x01, {0x00, 0xFE, 0x00, 0x98, 0x96, 0x80, 0xFF, 0xFF, 0xFF, 0xFE, 0x00, 0x00, 0x00,
+                                       0x00, 0x00, 0x01, 0x00, 0x01}));
+        append(body, streamEvent(0x04, 7, 10, "gingaStart"));
+        break;
+    case 1:
+        append(body, streamEvent(26, 54, 20, "addApp"));
+        break;
+    default:
+        // Stream mode transport, NPT from 0 to 60 s, stop the document.
+        append(body, descriptor(0x03, {0x02, 0xFF}));
+        append(body, descriptor(0x02, {0xFF, 0xFE, 0x00, 0x00, 0x00, 0x00, 0xFF, 0xFF, 0xFF, 0xFE, 0x00, 0x52, 0x65,
+                                       0xC0}));
+        append(body, streamEvent(0x04, 8, 30, "gingaStop"));
+        break;
+    }
+    return longSection(0x3D, 0x1001, cycle % 32, body);
+}
+
+// A DownloadInfoIndication (0x3B) announcing one 2048-byte module, and a
+// DownloadDataBlock (0x3C) with the start of that module.
+Bytes downloadInfoIndication()
+{
+    Bytes body{0x11, 0x03, 0x10, 0x02, 0x80, 0x00, 0x00, 0x02, 0xFF, 0x00};
+    put16(body, 30);                                              // messageLength
+    append(body, {0x00, 0x00, 0x00, 0x01, 0x0F, 0xE2, 0x00, 0x00}); // downloadId, blockSize 4066
+    append(body, {0, 0, 0, 0, 0, 0, 0, 0, 0x00, 0x00});            // timers, no compatibility descriptor
+    append(body, {0x00, 0x01, 0x00, 0x01, 0x00, 0x00, 0x08, 0x00, 0x01, 0x00}); // module 1, 2048 bytes, v1
+    append(body, {0x00, 0x00});                                   // privateDataLength
+    return longSection(0x3B, 0x0002, 0, body);
+}
+
+Bytes downloadDataBlock()
+{
+    Bytes body{0x11, 0x03, 0x10, 0x03, 0x00, 0x00, 0x00, 0x01, 0xFF, 0x00};
+    put16(body, 6 + 8);
+    append(body, {0x00, 0x01, 0x01, 0xFF, 0x00, 0x00}); // module 1 v1, block 0
+    append(body, text("<ncl id="));
+    return longSection(0x3C, 0x0001, 1, body);
+}
+
+// A datacaster carousel table (0x99) with the entry of the data carousel:
+// PID, version, carousel_id, component_tag and the application's name.
+Bytes datacasterCarouselTable()
+{
+    Bytes body;
+    put16(body, 0xE000 | kDataPid);
+    append(body, {0x01, 0x00, 0x00, 0x00, 0x01, 0x40});
+    const Bytes name = text("Vuro Interativo");
+    body.push_back(static_cast<std::uint8_t>(name.size()));
+    append(body, name);
+    return longSection(0x99, 0x0001, 1, body);
+}
+
 class Writer {
 public:
     Writer(std::FILE* file, unsigned packetSize) : m_file(file), m_packetSize(packetSize) {}
@@ -485,6 +560,7 @@ int main(int argc, char** argv)
     SectionPid patPid(0x0000, false), fullSegPmtPid(kFullSegPmtPid, false), oneSegPmtPid(kOneSegPmtPid, false);
     SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false);
     SectionPid sdttPid(0x0023, false);
+    SectionPid dataPid(kDataPid, false);
     MediaPid video(kVideoPid, 0xE0, true), audio(kAudioPid, 0xC0, false);
     MediaPid oneSegVideo(kOneSegVideoPid, 0xE0, false), oneSegAudio(kOneSegAudioPid, 0xC0, false);
     const Bytes patSection = pat(), fullSegPmtSection = fullSegPmt(), oneSegPmtSection = oneSegPmt();
@@ -500,6 +576,12 @@ int main(int argc, char** argv)
         sdtPid.send(writer, sdtSections[cycle >= 2 ? 1 : 0]);
         totPid.send(writer, tot(static_cast<unsigned>(15 * 3600 + 30 * 60 + cycle)));
         sdttPid.send(writer, sdttSection);
+        dataPid.send(writer, streamEventSection(static_cast<unsigned>(cycle)));
+        if (cycle == 0) {
+            dataPid.send(writer, downloadInfoIndication());
+            dataPid.send(writer, downloadDataBlock());
+            dataPid.send(writer, datacasterCarouselTable());
+        }
         for (unsigned long k = 0; k < videoPackets; ++k) {
             video.send(writer, k % 12 == 0, seed);
             if (k % 6 == 3)

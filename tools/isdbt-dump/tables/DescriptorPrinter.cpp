@@ -21,7 +21,7 @@ const PrinterTable& printers()
     static const PrinterTable table = [] {
         PrinterTable byTag;
         for (const auto& family : {networkDescriptorPrinters(), serviceDescriptorPrinters(), streamDescriptorPrinters(),
-                                   downloadDescriptorPrinters()})
+                                   downloadDescriptorPrinters(), dsmccDescriptorPrinters()})
             for (const DescriptorPrinterEntry& entry : family)
                 byTag[entry.tag].push_back(entry.print);
         return byTag;

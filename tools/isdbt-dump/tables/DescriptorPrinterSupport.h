@@ -45,6 +45,7 @@ std::vector<DescriptorPrinterEntry> networkDescriptorPrinters();
 std::vector<DescriptorPrinterEntry> serviceDescriptorPrinters();
 std::vector<DescriptorPrinterEntry> streamDescriptorPrinters();
 std::vector<DescriptorPrinterEntry> downloadDescriptorPrinters();
+std::vector<DescriptorPrinterEntry> dsmccDescriptorPrinters();
 
 // The name at a code's position in a table of names (null past its end or
 // where the table has a gap).

@@ -15,6 +15,10 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makeSdtHandler());
     handlers.push_back(makeTotHandler());
     handlers.push_back(makeSdttHandler());
+    handlers.push_back(makeDsmccSectionHandler());
+    handlers.push_back(makeDsiDiiHandler());
+    handlers.push_back(makeDdbHandler());
+    handlers.push_back(makeDatacasterHandler());
     // A table whose class is not listed here is counted as "not decoded".
     return handlers;
 }

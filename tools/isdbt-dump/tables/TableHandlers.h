@@ -14,6 +14,10 @@ std::unique_ptr<TableHandler> makeNitHandler();
 std::unique_ptr<TableHandler> makeSdtHandler();
 std::unique_ptr<TableHandler> makeTotHandler();
 std::unique_ptr<TableHandler> makeSdttHandler();
+std::unique_ptr<TableHandler> makeDsmccSectionHandler();
+std::unique_ptr<TableHandler> makeDsiDiiHandler();
+std::unique_ptr<TableHandler> makeDdbHandler();
+std::unique_ptr<TableHandler> makeDatacasterHandler();
 // A further table (EIT, AIT, ...) joins with a unit tables/<Table>Handler.cpp
 // deriving TableHandlerOf<T> (its parse call with the class's flag order, its
 // printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
