@@ -91,4 +91,35 @@
 #include "tot/TTOTTable.h"
 // (end of time offset table)
 
+// Application information table
+#include "descriptors/TApplicationDescriptor.h"
+#include "descriptors/TApplicationDescriptorProfile.h"
+#include "descriptors/TApplicationIconDescriptor.h"
+#include "descriptors/TApplicationNameDescriptor.h"
+#include "descriptors/TApplicationNameDescriptorItem.h"
+#include "descriptors/TDIILocationDescriptor.h"
+#include "descriptors/TDIILocationDescriptorItem.h"
+#include "descriptors/TExternalApplicationAuthorizationDescriptor.h"
+#include "descriptors/TExternalApplicationAuthorizationDescriptorItem.h"
+#include "descriptors/TGingaApplicationDescriptor.h"
+#include "descriptors/TGingaApplicationLocationDescriptor.h"
+#include "descriptors/TGingaJavaApplicationDescriptor.h"
+#include "descriptors/TGingaJavaApplicationLocationDescriptor.h"
+#include "descriptors/TGingaNCLApplicationDescriptor.h"
+#include "descriptors/TGingaNCLApplicationLocationDescriptor.h"
+#include "descriptors/TIPSignalingDescriptor.h"
+#include "descriptors/TPrefetchDescriptor.h"
+#include "descriptors/TPrefetchDescriptorItem.h"
+#include "descriptors/TTransportProtocolCarouselDescriptor.h"
+#include "descriptors/TTransportProtocolDescriptor.h"
+#include "descriptors/TTransportProtocolDescriptorDC.h"
+#include "descriptors/TTransportProtocolDescriptorIC.h"
+#include "descriptors/TTransportProtocolDescriptorIP.h"
+#include "descriptors/TTransportProtocolDescriptorOC.h"
+#include "descriptors/TTransportProtocolDescriptorPC.h"
+#include "ait/TAITTable.h"
+#include "ait/TApplication.h"
+#include "ait/TApplicationIdentifier.h"
+// (end of application information table)
+
 #endif
