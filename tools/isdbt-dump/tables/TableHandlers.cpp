@@ -14,6 +14,7 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makeNitHandler());
     handlers.push_back(makeSdtHandler());
     handlers.push_back(makeTotHandler());
+    handlers.push_back(makeAitHandler());
     // A table whose class is not listed here is counted as "not decoded".
     return handlers;
 }
