@@ -18,17 +18,7 @@ U16 loopLengthAt(const U8* position)
 using Slots = TApplicationDescriptorSlots<TAITTable>;
 
 TAITTable::TAITTable(U8* sectionData, U32 dataLength)
-    : TISDBTVersionedTable(AIT, MINIMUM_DATA_LENGTH, 0x74, sectionData, dataLength),
-      m_pApplicationDesc(nullptr),
-      m_pApplicationNameDesc(nullptr),
-      m_pApplicationIconDesc(nullptr),
-      m_pExternalAppAuthDesc(nullptr),
-      m_pTransportProtocolDesc(nullptr),
-      m_pIPSignalingDesc(nullptr),
-      m_pPrefetchDesc(nullptr),
-      m_pDIILocationDesc(nullptr),
-      m_pGingaAppParamsDesc(nullptr),
-      m_pGingaAppLocationDesc(nullptr)
+    : TISDBTVersionedTable(AIT, MINIMUM_DATA_LENGTH, 0x74, sectionData, dataLength)
 {
 }
 

@@ -70,16 +70,16 @@ private:
     BodyResult parseBody(U8* sectionData, U32 dataLength, U16 bodyLength, BOOL parseDescriptors, U16* errorCode);
     BodyResult rejectLength(U32 length, U32 available, U16* errorCode);
 
-    TApplicationDescriptor* m_pApplicationDesc;
-    TApplicationNameDescriptor* m_pApplicationNameDesc;
-    TApplicationIconDescriptor* m_pApplicationIconDesc;
-    TExternalApplicationAuthorizationDescriptor* m_pExternalAppAuthDesc;
-    TTransportProtocolDescriptor* m_pTransportProtocolDesc;
-    TIPSignalingDescriptor* m_pIPSignalingDesc;
-    TPrefetchDescriptor* m_pPrefetchDesc;
-    TDIILocationDescriptor* m_pDIILocationDesc;
-    TGingaApplicationDescriptor* m_pGingaAppParamsDesc;
-    TGingaApplicationLocationDescriptor* m_pGingaAppLocationDesc;
+    TApplicationDescriptor* m_pApplicationDesc = nullptr;
+    TApplicationNameDescriptor* m_pApplicationNameDesc = nullptr;
+    TApplicationIconDescriptor* m_pApplicationIconDesc = nullptr;
+    TExternalApplicationAuthorizationDescriptor* m_pExternalAppAuthDesc = nullptr;
+    TTransportProtocolDescriptor* m_pTransportProtocolDesc = nullptr;
+    TIPSignalingDescriptor* m_pIPSignalingDesc = nullptr;
+    TPrefetchDescriptor* m_pPrefetchDesc = nullptr;
+    TDIILocationDescriptor* m_pDIILocationDesc = nullptr;
+    TGingaApplicationDescriptor* m_pGingaAppParamsDesc = nullptr;
+    TGingaApplicationLocationDescriptor* m_pGingaAppLocationDesc = nullptr;
     TISDBTItemMap<std::string, TApplication> m_pApplications;
 };
 

@@ -45,17 +45,7 @@ TApplication::TApplication(U8* data, U32 length)
       m_pParentAITTable(nullptr),
       m_iControlCode(0),
       m_iApplicationType(0),
-      m_pAppIdentifier(nullptr),
-      m_pApplicationDesc(nullptr),
-      m_pApplicationNameDesc(nullptr),
-      m_pApplicationIconDesc(nullptr),
-      m_pExternalAppAuthDesc(nullptr),
-      m_pTransportProtocolDesc(nullptr),
-      m_pIPSignalingDesc(nullptr),
-      m_pPrefetchDesc(nullptr),
-      m_pDIILocationDesc(nullptr),
-      m_pGingaAppParamsDesc(nullptr),
-      m_pGingaAppLocationDesc(nullptr)
+      m_pAppIdentifier(nullptr)
 {
 }
 
@@ -204,12 +194,7 @@ TApplication* TApplication::parse(U8* sectionData, U32 dataLength, BOOL parseDes
 template <class D>
 D* TApplication::inheritable(D* own, D* (TAITTable::*parentGetter)() const, BOOL inherit, BOOL* inherited) const
 {
-    if (!inherit || own || !m_pParentAITTable)
-        return own;
-    D* parents = (m_pParentAITTable->*parentGetter)();
-    if (parents && inherited)
-        *inherited = TRUE;
-    return parents;
+    return inheritDescriptor(own, m_pParentAITTable, parentGetter, inherit, inherited);
 }
 
 TApplicationDescriptor* TApplication::getApplicationDescriptor(BOOL inherit, BOOL* inherited) const
