@@ -21,7 +21,8 @@ D* copyOf(D* source)
     return source ? new D(source) : nullptr;
 }
 
-// Ginga descriptors are copied as the class their tag names.
+// Ginga descriptors are copied as the class their tag names (an object of
+// another class under that tag copies as an empty one).
 template <class Java, class NCL, class Base>
 Base* copyGinga(Base* source)
 {
@@ -29,9 +30,9 @@ Base* copyGinga(Base* source)
         return nullptr;
     switch (source->getDescriptorTag()) {
     case Java::DESCRIPTOR_TAG:
-        return new Java(static_cast<Java*>(source));
+        return new Java(dynamic_cast<Java*>(source));
     case NCL::DESCRIPTOR_TAG:
-        return new NCL(static_cast<NCL*>(source));
+        return new NCL(dynamic_cast<NCL*>(source));
     default:
         return nullptr;
     }

@@ -72,16 +72,18 @@ TTransportProtocolDescriptor* TTransportProtocolDescriptor::clone(TTransportProt
 {
     if (!source)
         return nullptr;
+    // A source of another class than its type names (an IC object has the
+    // data carousel type) copies the fields the two share, the rest empty.
     TTransportProtocolDescriptor* copy = nullptr;
     switch (source->m_eMyType) {
     case ObjectCarousel: // an OC or a PC object: both copy as OC (protocol 1)
         copy = new TTransportProtocolDescriptorOC(static_cast<const TTransportProtocolDescriptor*>(source));
         break;
     case IP:
-        copy = new TTransportProtocolDescriptorIP(static_cast<TTransportProtocolDescriptorIP*>(source));
+        copy = new TTransportProtocolDescriptorIP(dynamic_cast<TTransportProtocolDescriptorIP*>(source));
         break;
     case InteractiveChannel:
-        copy = new TTransportProtocolDescriptorIC(static_cast<TTransportProtocolDescriptorIC*>(source));
+        copy = new TTransportProtocolDescriptorIC(dynamic_cast<TTransportProtocolDescriptorIC*>(source));
         break;
     case DataCarousel: // a DC or an IC object (whose type is DataCarousel): both copy as DC
         copy = new TTransportProtocolDescriptorDC(static_cast<const TTransportProtocolDescriptor*>(source));
