@@ -17,6 +17,7 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${VURO_INSTALL_INCLUDED
     FILES_MATCHING PATTERN "*.h"
     PATTERN "VuroParseSupport.h" EXCLUDE
     PATTERN "DescriptorBodySupport.h" EXCLUDE
+    PATTERN "ApplicationDescriptorSupport.h" EXCLUDE
     PATTERN "*DescriptorSlots.h" EXCLUDE)
 
 install(EXPORT VuroISDBTUtilsTargets NAMESPACE Vuro:: DESTINATION ${VURO_INSTALL_CMAKEDIR})

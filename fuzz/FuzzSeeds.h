@@ -21,6 +21,7 @@ std::vector<Seed> programMapSeeds();
 std::vector<Seed> serviceTimeSeeds();
 std::vector<Seed> downloadSeeds();
 std::vector<Seed> dsmccSeeds();
+std::vector<Seed> applicationSeeds();
 
 std::vector<Seed> allSeeds();
 

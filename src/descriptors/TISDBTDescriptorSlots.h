@@ -86,6 +86,21 @@ private:
     static constexpr U8 kStuffingTag = 0x42;
 };
 
+// An entry's descriptor of one kind through its inheriting getter: with
+// inherit set, an entry lacking the descriptor asks its parent table (when
+// linked) through getter; one found there sets *inherited (when given) to
+// TRUE. *inherited is never set to FALSE.
+template <class D, class Parent>
+D* inheritDescriptor(D* own, const Parent* parent, D* (Parent::*getter)() const, BOOL inherit, BOOL* inherited)
+{
+    if (!inherit || own || !parent)
+        return own;
+    D* parents = (parent->*getter)();
+    if (parents && inherited)
+        *inherited = TRUE;
+    return parents;
+}
+
 } // namespace Vuro
 
 #endif

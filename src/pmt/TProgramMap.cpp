@@ -102,12 +102,7 @@ TProgramMap* TProgramMap::parse(U8* sectionData, U32 dataLength, BOOL /*parseDes
 template <class D>
 D* TProgramMap::inheritable(D* own, D* (TPMTTable::*parentGetter)() const, BOOL inherit, BOOL* inherited) const
 {
-    if (!inherit || own || !m_pParentPMTTable)
-        return own;
-    D* parents = (m_pParentPMTTable->*parentGetter)();
-    if (parents && inherited)
-        *inherited = TRUE;
-    return parents;
+    return inheritDescriptor(own, m_pParentPMTTable, parentGetter, inherit, inherited);
 }
 
 TCAIdentifierDescriptor* TProgramMap::getCAIdentifierDescriptor(BOOL inherit, BOOL* inherited) const

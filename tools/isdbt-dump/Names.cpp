@@ -159,6 +159,48 @@ const char* runningStatusName(std::uint8_t status)
     }
 }
 
+const char* applicationTypeName(std::uint16_t type)
+{
+    switch (type) {
+    case 0x0001: return "Ginga-J";
+    case 0x0009: return "Ginga-NCL";
+    default: return nullptr;
+    }
+}
+
+const char* applicationControlCodeName(std::uint8_t code)
+{
+    switch (code) {
+    case 1: return "AUTOSTART";
+    case 2: return "PRESENT";
+    case 3: return "DESTROY";
+    case 4: return "KILL";
+    case 6: return "REMOTE";
+    case 7: return "UNBOUND";
+    default: return nullptr;
+    }
+}
+
+const char* applicationDescriptorTagName(std::uint8_t tag)
+{
+    switch (tag) {
+    case 0x00: return "application";
+    case 0x01: return "application name";
+    case 0x02: return "transport protocol";
+    case 0x03: return "Ginga-J application";
+    case 0x04: return "Ginga-J application location";
+    case 0x05: return "external application authorisation";
+    case 0x06: return "Ginga-NCL application";
+    case 0x07: return "Ginga-NCL application location";
+    case 0x0B: return "application icons";
+    case 0x0C: return "prefetch";
+    case 0x0D: return "DII location";
+    case 0x11: return "IP signalling";
+    case 0x42: return "stuffing";
+    default: return nullptr;
+    }
+}
+
 const char* descriptorTagName(std::uint8_t tag)
 {
     switch (tag) {

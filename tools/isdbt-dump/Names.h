@@ -20,6 +20,11 @@ const char* serviceTypeName(std::uint8_t serviceType);
 const char* runningStatusName(std::uint8_t runningStatus);
 // descriptor_tag assignments of ISO/IEC 13818-1, ARIB and ABNT.
 const char* descriptorTagName(std::uint8_t tag);
+// Ginga application types (the AIT's table_id_extension), application
+// control codes, and the descriptor tags of the AIT's own tag space.
+const char* applicationTypeName(std::uint16_t type);
+const char* applicationControlCodeName(std::uint8_t code);
+const char* applicationDescriptorTagName(std::uint8_t tag);
 
 // The table_ids a --table argument selects: a number (decimal or 0x hex) or
 // a table name (PAT, CAT, PMT, NIT, SDT, BAT, EIT, TDT, TOT, AIT, SDTT, BIT,

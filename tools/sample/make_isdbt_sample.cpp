@@ -1,6 +1,6 @@
 // Writes a small ISDB-Tb transport stream byte by byte, without the section
 // library: a terrestrial multiplex with one full-seg and one one-seg service
-// (PAT, two PMTs, NIT, SDT, TOT, SDTT, DSM-CC stream events, a data carousel
+// (PAT, two PMTs, NIT, SDT, TOT, SDTT, AIT, DSM-CC stream events, a data carousel
 // module and its datacaster carousel entry, video, audio and null packets). Sections of
 // the NIT and SDT PIDs are packed back to back, so that sections share
 // packets and span packet boundaries as they do on air.
@@ -87,6 +87,7 @@ constexpr unsigned kFullSeg = 0xE580, kOneSeg = 0xE598;
 constexpr unsigned kFullSegPmtPid = 0x01F0, kOneSegPmtPid = 0x1FC8;
 constexpr unsigned kVideoPid = 0x0111, kAudioPid = 0x0112, kDataPid = 0x0113;
 constexpr unsigned kOneSegVideoPid = 0x0181, kOneSegAudioPid = 0x0183;
+constexpr unsigned kAitPid = 0x0114;
 
 Bytes pat()
 {
@@ -122,7 +123,68 @@ Bytes fullSegPmt()
     // Ginga data carousel: stream identifier, data component, carousel identifier.
     append(body, stream(0x0D, kDataPid,
                         {0x52, 0x01, 0x40, 0xFD, 0x03, 0x00, 0xA0, 0x33, 0x13, 0x05, 0x00, 0x00, 0x00, 0x01, 0x00}));
+    // Ginga application signalling (AIT sections): stream identifier.
+    append(body, stream(0x05, kAitPid, {0x52, 0x01, 0x41}));
     return longSection(0x02, kFullSeg, 0, body);
+}
+
+// application_identifier (organisation, application), control code, descriptors.
+Bytes application(unsigned organisation, unsigned id, std::uint8_t controlCode, const Bytes& descriptors)
+{
+    Bytes out;
+    put16(out, organisation >> 16);
+    put16(out, organisation & 0xFFFF);
+    put16(out, id);
+    out.push_back(controlCode);
+    append(out, loop(descriptors));
+    return out;
+}
+
+// The full-seg service's AIT (Ginga-NCL): the object carousel on component
+// 0x40 as the common transport; an NCL guide started automatically from it,
+// and a Ginga-J poll (present, not started) with its own IP transport.
+Bytes ait()
+{
+    Bytes common = descriptor(0x02, {0x00, 0x01, 0x01, 0x00, 0x40}); // object carousel, label 1
+    Bytes guide;
+    // profile 0x0001 version 1.0.0, service bound, visible, priority 255, label 1
+    append(guide, descriptor(0x00, {5, 0x00, 0x01, 1, 0, 0, 0xE0, 0xFF, 0x01}));
+    Bytes guideName = text("por");
+    guideName.push_back(15);
+    append(guideName, text("Guia Interativo"));
+    append(guide, descriptor(0x01, guideName));
+    Bytes nclLocation{1, '/', 0};
+    append(nclLocation, text("main.ncl"));
+    append(guide, descriptor(0x07, nclLocation));
+    Bytes poll;
+    append(poll, descriptor(0x00, {5, 0x00, 0x01, 1, 0, 0, 0x20, 0x80, 0x02}));
+    Bytes pollNames = text("por");
+    pollNames.push_back(7);
+    append(pollNames, text("Enquete"));
+    append(pollNames, text("eng"));
+    pollNames.push_back(4);
+    append(pollNames, text("Poll"));
+    append(poll, descriptor(0x01, pollNames));
+    Bytes ip{0x00, 0x02, 0x02, 0x00, 0x80, 26}; // IP, label 2, aligned, one URL
+    append(ip, text("http://ginga.vuro.tv/poll/"));
+    append(poll, descriptor(0x02, ip));
+    Bytes javaLocation{8};
+    append(javaLocation, text("/enquete"));
+    javaLocation.push_back(11);
+    append(javaLocation, text("enquete.jar"));
+    append(javaLocation, text("br.tv.vuro.Enquete"));
+    append(poll, descriptor(0x04, javaLocation));
+    Bytes icon{11};
+    append(icon, text("icons/poll/"));
+    put16(icon, 0x0009); // 32x32 and 64x64 square
+    append(poll, descriptor(0x0B, icon));
+    append(poll, descriptor(0x0D, {0x01, 0x00, 0x01, 0x00, 0x40})); // DII 1 on association tag 0x0040
+    Bytes apps;
+    append(apps, application(0x0000000A, 0x0001, 1, guide));
+    append(apps, application(0x0000000A, 0x0002, 2, poll));
+    Bytes body = loop(common);
+    append(body, loop(apps));
+    return longSection(0x74, 0x0009, 1, body);
 }
 
 Bytes oneSegPmt()
@@ -561,11 +623,13 @@ int main(int argc, char** argv)
     SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false);
     SectionPid sdttPid(0x0023, false);
     SectionPid dataPid(kDataPid, false);
+    SectionPid aitPid(kAitPid, false);
     MediaPid video(kVideoPid, 0xE0, true), audio(kAudioPid, 0xC0, false);
     MediaPid oneSegVideo(kOneSegVideoPid, 0xE0, false), oneSegAudio(kOneSegAudioPid, 0xC0, false);
     const Bytes patSection = pat(), fullSegPmtSection = fullSegPmt(), oneSegPmtSection = oneSegPmt();
     const Bytes nitSection = nit(), sdtSections[2] = {sdt(0), sdt(1)};
     const Bytes sdttSection = sdtt();
+    const Bytes aitSection = ait();
     std::uint32_t seed = 0x2545F491u;
 
     for (unsigned long cycle = 0; cycle < cycles; ++cycle) {
@@ -582,6 +646,7 @@ int main(int argc, char** argv)
             dataPid.send(writer, downloadDataBlock());
             dataPid.send(writer, datacasterCarouselTable());
         }
+        aitPid.send(writer, aitSection);
         for (unsigned long k = 0; k < videoPackets; ++k) {
             video.send(writer, k % 12 == 0, seed);
             if (k % 6 == 3)

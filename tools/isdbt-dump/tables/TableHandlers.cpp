@@ -19,6 +19,7 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makeDsiDiiHandler());
     handlers.push_back(makeDdbHandler());
     handlers.push_back(makeDatacasterHandler());
+    handlers.push_back(makeAitHandler());
     // A table whose class is not listed here is counted as "not decoded".
     return handlers;
 }

@@ -18,6 +18,9 @@ std::unique_ptr<TableHandler> makeDsmccSectionHandler();
 std::unique_ptr<TableHandler> makeDsiDiiHandler();
 std::unique_ptr<TableHandler> makeDdbHandler();
 std::unique_ptr<TableHandler> makeDatacasterHandler();
+std::unique_ptr<TableHandler> makeAitHandler();
+// One descriptor of an AIT loop, named in the AIT's own tag space.
+void printApplicationDescriptor(const Vuro::TISDBTDescriptor& descriptor, TreeOut& out);
 // A further table (EIT, AIT, ...) joins with a unit tables/<Table>Handler.cpp
 // deriving TableHandlerOf<T> (its parse call with the class's flag order, its
 // printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs

@@ -1,0 +1,48 @@
+#include "TPrefetchDescriptor.h"
+
+#include "../utils/VuroParseSupport.h"
+
+namespace Vuro {
+
+TPrefetchDescriptor::TPrefetchDescriptor(U8* data, U32 length)
+    : TISDBTDescriptor(DESCRIPTOR_TAG, data, length), m_iTransportProtocolLabel(0)
+{
+}
+
+TPrefetchDescriptor::TPrefetchDescriptor(TPrefetchDescriptor* source) : TPrefetchDescriptor(nullptr, 0)
+{
+    if (!source)
+        return;
+    m_iTransportProtocolLabel = source->m_iTransportProtocolLabel;
+    for (TPrefetchDescriptorItem* item : source->m_pItems.items())
+        m_pItems.add(item ? new TPrefetchDescriptorItem(*item) : nullptr);
+}
+
+TPrefetchDescriptor::~TPrefetchDescriptor() = default;
+
+TPrefetchDescriptor* TPrefetchDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode)
+{
+    return parseDescriptor<TPrefetchDescriptor>(sectionData, dataLength, parsedLength, errorCode, nullptr);
+}
+
+TPrefetchDescriptor* TPrefetchDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
+                                        const U8* limit)
+{
+    return parseDescriptor<TPrefetchDescriptor>(sectionData, dataLength, parsedLength, errorCode, limit);
+}
+
+BOOL TPrefetchDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
+{
+    m_iTransportProtocolLabel = m_pData[COMMON_HEADER_LENGTH];
+    U8* position = m_pData + COMMON_HEADER_LENGTH + 1;
+    U32 remaining = dataLength - COMMON_HEADER_LENGTH - 1;
+    if (!parseItemsToEnd<TPrefetchDescriptorItem>(position, remaining, limit, parsedLength, errorCode,
+                                              [this](TPrefetchDescriptorItem* item, U32) { m_pItems.add(item); })) {
+        VURO_LOGW("%s: TPrefetchDescriptor::parse: Invalid item. Aborting!", VURO_LOG_ORIGIN);
+        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+        return FALSE;
+    }
+    return TRUE;
+}
+
+} // namespace Vuro
