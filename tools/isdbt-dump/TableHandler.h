@@ -35,6 +35,14 @@ public:
     virtual void announce(std::uint16_t pid, PidRole role) = 0;
 };
 
+// What a printer may want to know besides the table: where the section
+// came from and what the network's times are in.
+struct PrintContext {
+    std::uint16_t pid = 0xFFFF; // 0xFFFF for a section read from a file of sections
+    const char* timeZone = "UTC"; // "JST" on Japanese networks, "UTC" otherwise (or as --tz says)
+    const char* timeZoneSource = "no network seen"; // what decided it
+};
+
 class TableHandler {
 public:
     virtual ~TableHandler() = default;
@@ -48,6 +56,11 @@ public:
     virtual Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
                                      Vuro::U16* errorCode) const = 0;
     virtual void print(const Vuro::TISDBTTable& table, TreeOut& out) const = 0;
+    // The printer with the dump's context; by default the one without.
+    virtual void printIn(const Vuro::TISDBTTable& table, const PrintContext&, TreeOut& out) const
+    {
+        print(table, out);
+    }
     virtual void announce(const Vuro::TISDBTTable&, PidAnnouncements&) const {}
 };
 
@@ -71,6 +84,10 @@ public:
     {
         printTable(static_cast<const T&>(table), out);
     }
+    void printIn(const Vuro::TISDBTTable& table, const PrintContext& context, TreeOut& out) const final
+    {
+        printTableIn(static_cast<const T&>(table), context, out);
+    }
     void announce(const Vuro::TISDBTTable& table, PidAnnouncements& router) const final
     {
         announceFrom(static_cast<const T&>(table), router);
@@ -79,6 +96,8 @@ public:
 protected:
     virtual T* parseTable(Vuro::U8* section, Vuro::U32 length, T* previous, Vuro::U16* errorCode) const = 0;
     virtual void printTable(const T& table, TreeOut& out) const = 0;
+    // A printer that needs the context overrides this one.
+    virtual void printTableIn(const T& table, const PrintContext&, TreeOut& out) const { printTable(table, out); }
     virtual void announceFrom(const T&, PidAnnouncements&) const {}
 
 private:

@@ -36,18 +36,39 @@ bool printFields(const TISDBTDescriptor& descriptor, TreeOut& out)
     return false;
 }
 
+PrintedDescriptors* g_printed = nullptr;
+
 } // namespace
+
+PrintedDescriptors::PrintedDescriptors() : m_outer(g_printed) { g_printed = this; }
+
+PrintedDescriptors::~PrintedDescriptors() { g_printed = m_outer; }
+
+bool PrintedDescriptors::contains(const U8* data) const
+{
+    for (const U8* printed : m_data)
+        if (printed == data)
+            return true;
+    return false;
+}
+
+void PrintedDescriptors::note(const TISDBTDescriptor& descriptor)
+{
+    if (g_printed)
+        g_printed->m_data.push_back(descriptor.getData());
+}
 
 void printIds(const char* key, const U16* ids, unsigned count, TreeOut& out)
 {
     out.beginList(key);
     for (unsigned i = 0; ids && i < count; ++i)
-        out.value(hexText(ids[i], 4));
+        out.hexValue(ids[i], 4);
     out.end();
 }
 
 void printDescriptor(const TISDBTDescriptor& descriptor, TreeOut& out)
 {
+    PrintedDescriptors::note(descriptor);
     const U8 tag = descriptor.getDescriptorTag();
     const char* name = descriptorTagName(tag);
     char title[64];

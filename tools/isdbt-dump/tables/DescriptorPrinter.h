@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <list>
+#include <vector>
 
 #include <VuroISDBT.h>
 
@@ -15,6 +16,24 @@
 namespace VuroTools {
 
 void printDescriptor(const Vuro::TISDBTDescriptor& descriptor, TreeOut& out);
+
+// While one lives, the bytes of every descriptor printed are recorded, so
+// that the dump can tell which descriptors of a section no object held.
+class PrintedDescriptors {
+public:
+    PrintedDescriptors();
+    ~PrintedDescriptors();
+    PrintedDescriptors(const PrintedDescriptors&) = delete;
+    PrintedDescriptors& operator=(const PrintedDescriptors&) = delete;
+
+    bool contains(const Vuro::U8* data) const;
+    // Called by the printers for each descriptor they print.
+    static void note(const Vuro::TISDBTDescriptor& descriptor);
+
+private:
+    std::vector<const Vuro::U8*> m_data;
+    PrintedDescriptors* m_outer;
+};
 
 // The "descriptors" list of a table or loop entry: everything its
 // getDescriptorTags() lists, in that order.
