@@ -244,6 +244,9 @@ void Dumper::decodeSection(std::uint16_t pid, const TableHandler& handler, Table
             beginSectionRecord("parsed", handler.name(), pid, section, length);
             {
                 PrintedDescriptors printed;
+                printed.addSpan(section, section + length);
+                if (table->getData() && table->getDataLength() == length)
+                    printed.addSpan(table->getData(), table->getData() + length);
                 handler.printIn(*table, printContext(pid), *m_out);
                 m_printed = &printed;
                 printUndecodedDescriptors(section, length, table);

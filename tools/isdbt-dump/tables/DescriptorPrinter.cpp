@@ -52,6 +52,17 @@ bool PrintedDescriptors::contains(const U8* data) const
     return false;
 }
 
+void PrintedDescriptors::addSpan(const U8* begin, const U8* end) { m_spans.emplace_back(begin, end); }
+
+const U8* PrintedDescriptors::spanEnd(const U8* data)
+{
+    for (const PrintedDescriptors* printed = g_printed; printed; printed = printed->m_outer)
+        for (const auto& span : printed->m_spans)
+            if (data >= span.first && data < span.second)
+                return span.second;
+    return nullptr;
+}
+
 void PrintedDescriptors::note(const TISDBTDescriptor& descriptor)
 {
     if (g_printed)

@@ -30,8 +30,14 @@ public:
     // Called by the printers for each descriptor they print.
     static void note(const Vuro::TISDBTDescriptor& descriptor);
 
+    // The buffers the descriptors lie in (a section, a table's copy of it):
+    // the end of the one holding data, or null when none is known.
+    void addSpan(const Vuro::U8* begin, const Vuro::U8* end);
+    static const Vuro::U8* spanEnd(const Vuro::U8* data);
+
 private:
     std::vector<const Vuro::U8*> m_data;
+    std::vector<std::pair<const Vuro::U8*, const Vuro::U8*>> m_spans;
     PrintedDescriptors* m_outer;
 };
 

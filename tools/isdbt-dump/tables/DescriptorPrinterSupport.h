@@ -12,6 +12,7 @@
 #include <VuroISDBT.h>
 
 #include "../TreeOut.h"
+#include "DescriptorPrinter.h"
 
 namespace VuroTools {
 
@@ -83,7 +84,8 @@ void printEntries(const char* key, const char* what, unsigned count, Get get, Pr
 // The body of a descriptor as broadcast (after descriptor_tag and
 // descriptor_length): what the printers decode themselves where the library
 // keeps another value on purpose. Bounded by descriptor_length and by the
-// bytes the object was parsed from.
+// section it lies in (or, when that is not known, the length the object
+// reports).
 struct WireBody {
     const Vuro::U8* data = nullptr;
     unsigned size = 0;
@@ -96,11 +98,12 @@ inline WireBody wireBody(const Vuro::TISDBTDescriptor& descriptor)
 {
     WireBody body;
     const Vuro::U8* data = descriptor.getData();
-    const Vuro::U32 length = descriptor.getDataLength();
-    if (!data || length < 2)
+    const Vuro::U8* end = data ? PrintedDescriptors::spanEnd(data) : nullptr;
+    const std::size_t available = end ? static_cast<std::size_t>(end - data) : descriptor.getDataLength();
+    if (!data || available < 2)
         return body;
     body.data = data + 2;
-    body.size = data[1] < length - 2 ? data[1] : length - 2;
+    body.size = data[1] < available - 2 ? data[1] : static_cast<unsigned>(available - 2);
     return body;
 }
 

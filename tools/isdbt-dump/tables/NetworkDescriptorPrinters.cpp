@@ -125,7 +125,7 @@ void localTimeOffset(const TLocalTimeOffsetDescriptor& d, TreeOut& out)
         // The entry the item came from: the last one of its country.
         int entry = -1;
         for (unsigned at = 0; wire.has(at, 13); at += 13)
-            if (code.size() == 3 && std::equal(code.begin(), code.end(), wire.data + at))
+            if (code.size() >= 3 && std::equal(code.begin(), code.begin() + 3, wire.data + at))
                 entry = static_cast<int>(at);
         out.beginItem(code);
         out.text("country_code", item->getCountryCode());
