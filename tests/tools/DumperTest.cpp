@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "DescriptorLoops.h"
 #include "Dumper.h"
 #include "SectionBuilder.h"
 #include "tables/DescriptorPrinter.h"
@@ -565,6 +566,35 @@ TEST(DumperTest, TheTotTimeIsLabelledByTheNetworksZoneOrByTz)
         EXPECT_EQ(record.at("time_zone"), c.label) << c.tz;
         EXPECT_EQ(record.at("time_text").get<std::string>().substr(20), c.label);
     }
+}
+
+} // namespace
+
+namespace {
+
+TEST(DumperTest, DescriptorLoopsStayInsideAnySection)
+{
+    // Every table layout the loops know, on bytes whose lengths say anything:
+    // each loop and descriptor lies inside the section (exact-size buffers,
+    // so the sanitizer sees any read past them).
+    std::uint32_t seed = 0x1234567u;
+    auto next = [&seed] { return static_cast<std::uint8_t>((seed = seed * 1103515245u + 12345u) >> 16); };
+    for (std::uint8_t tableId : {0x01, 0x02, 0x40, 0x41, 0x42, 0x46, 0x4A, 0x4E, 0x60, 0x73, 0x74, 0x7F, 0xC4})
+        for (std::size_t length = 0; length < 64; ++length)
+            for (int round = 0; round < 8; ++round) {
+                std::vector<std::uint8_t> section(length);
+                for (std::uint8_t& byte : section)
+                    byte = next();
+                if (length)
+                    section[0] = tableId;
+                for (const DescriptorLoop& loop : descriptorLoops(section.data(), length)) {
+                    ASSERT_LE(loop.begin, loop.end);
+                    ASSERT_LE(loop.end, length);
+                    for (const RawDescriptor& raw : descriptorsIn(section.data(), loop))
+                        ASSERT_LE(raw.offset + raw.size, loop.end);
+                }
+                (void)networkOf(section.data(), length);
+            }
 }
 
 } // namespace

@@ -47,6 +47,8 @@ public:
     template <class Name>
     void entries(std::size_t position, std::size_t size, std::size_t fixed, Name name)
     {
+        if (position > m_end)
+            return;
         if (!fits(position, size))
             size = m_end - position;
         const std::size_t end = position + size;
