@@ -472,15 +472,16 @@ TEST(DumperTest, SectionsBeforeTheirAnnouncementAreHeldThenDecodedOrCountedAsUna
     EXPECT_EQ(decoded.counts(0x0777, 0x02).parsed, 1u);
 }
 
-// Stands for an EIT class: a table on every first section of its key,
-// "not updated" whenever a previous table is handed in.
-class KeyProbeHandler : public TableHandler {
+// Stands for an EIT class (taking the range 0x4E to 0x6F): a table on every
+// first section of its key, "not updated" whenever a previous table is
+// handed in.
+class KeyProbeHandler : public TableHandlerOf<Vuro::TISDBTTable> {
 public:
-    const char* name() const override { return "EIT"; }
-    PidRole role() const override { return ROLE_EIT; }
-    bool accepts(std::uint8_t tableId) const override { return tableId >= 0x4E && tableId <= 0x6F; }
-    Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
-                             Vuro::U16* errorCode) const override
+    KeyProbeHandler() : TableHandlerOf("EIT", ROLE_EIT, 0x4E, 0x6F) {}
+
+protected:
+    Vuro::TISDBTTable* parseTable(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
+                                  Vuro::U16* errorCode) const override
     {
         if (previous) {
             *errorCode = Vuro::TISDBTTable::ERROR_TABLE_NOT_UPDATED;
@@ -488,7 +489,7 @@ public:
         }
         return new Vuro::TISDBTTable(Vuro::TISDBTTable::HEIT, 0, section[0], section, length);
     }
-    void print(const Vuro::TISDBTTable&, TreeOut&) const override {}
+    void printTable(const Vuro::TISDBTTable&, TreeOut&) const override {}
 };
 
 Bytes eit(std::uint8_t tableId, std::uint16_t service, std::uint8_t section, std::uint16_t stream, std::uint16_t network)

@@ -65,16 +65,22 @@ public:
 };
 
 // The typed side of a handler: T is the table class, named and routed by
-// the handler's role and the one table_id it takes.
+// the handler's role and the table_id it takes (or a range of them, as the
+// EIT's 0x4E to 0x6F).
 template <class T>
 class TableHandlerOf : public TableHandler {
 public:
-    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId) : m_name(name), m_role(role), m_tableId(tableId)
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId)
+        : m_name(name), m_role(role), m_tableId(tableId), m_lastTableId(tableId)
+    {
+    }
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t firstTableId, std::uint8_t lastTableId)
+        : m_name(name), m_role(role), m_tableId(firstTableId), m_lastTableId(lastTableId)
     {
     }
     const char* name() const final { return m_name; }
     PidRole role() const final { return m_role; }
-    bool accepts(std::uint8_t tableId) const final { return tableId == m_tableId; }
+    bool accepts(std::uint8_t tableId) const final { return tableId >= m_tableId && tableId <= m_lastTableId; }
     Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
                              Vuro::U16* errorCode) const final
     {
@@ -104,6 +110,7 @@ private:
     const char* m_name;
     PidRole m_role;
     std::uint8_t m_tableId;
+    std::uint8_t m_lastTableId;
 };
 
 // The long section header every versioned table shares; extensionName
