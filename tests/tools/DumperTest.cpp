@@ -531,24 +531,30 @@ TEST(DumperTest, PreviousTablesAreKeptPerTableIdExtensionAndForTheEitPerSectionK
     EXPECT_EQ(file.counts(Dumper::NO_PID, 0x4E).unchanged, 2u);
 }
 
-Bytes tot() { return SectionBuilder(0x73).u16(0xE640).bytes({0x12, 0x00, 0x00}).loop({}).build(); }
+Bytes tot(const Bytes& offsets = {})
+{
+    return SectionBuilder(0x73).u16(0xE640).bytes({0x12, 0x00, 0x00}).loop(offsets).build();
+}
 
 TEST(DumperTest, TheTotTimeIsLabelledByTheNetworksZoneOrByTz)
 {
     const Bytes japanese = SectionBuilder(0x42).longHeader(0x7ED0, 1).u16(0x7ED0).u8(0xFF).build();
+    // A local time offset for Japan decides only while no network is known.
+    const Bytes japan = VuroTest::descriptor(0x58, {'J', 'P', 'N', 0x02, 0x09, 0x00, 0xE6, 0x40, 0, 0, 0, 0x09, 0x00});
     struct Case {
         Bytes before;
         const char* tz;
+        Bytes offsets;
         const char* label;
-    } cases[] = {
-        {japanese, "", "JST"}, {sdt(), "", "UTC"}, {{}, "", "UTC"}, {sdt(), "JST", "JST"}, {japanese, "UTC", "UTC"}};
+    } cases[] = {{japanese, "", {}, "JST"}, {sdt(), "", {}, "UTC"},   {{}, "", {}, "UTC"},      {{}, "", japan, "JST"},
+                 {sdt(), "", japan, "UTC"}, {sdt(), "JST", {}, "JST"}, {japanese, "UTC", {}, "UTC"}};
     for (const Case& c : cases) {
         DumpOptions json = options(true);
         json.timeZone = c.tz;
         Session run(json);
         if (!c.before.empty())
             run.feed(0x0011, c.before);
-        run.feed(0x0014, tot());
+        run.feed(0x0014, tot(c.offsets));
         const std::string out = run.out.text();
         const nlohmann::json record = nlohmann::json::parse(out.substr(out.rfind("{\"pid\"")));
         EXPECT_EQ(record.at("time_zone"), c.label) << c.tz;

@@ -155,7 +155,9 @@ PrintContext Dumper::printContext(std::uint16_t pid) const
     if (!m_options.timeZone.empty()) {
         context.timeZone = m_options.timeZone == "JST" ? "JST" : "UTC";
         context.timeZoneSource = "--tz";
+        context.timeZoneDecided = true;
     } else if (m_network >= 0) {
+        context.timeZoneDecided = true;
         context.timeZone = isJapaneseNetwork(m_network) ? "JST" : "UTC";
         context.timeZoneSource = isJapaneseNetwork(m_network) ? "Japanese network" : "network outside Japan";
     }

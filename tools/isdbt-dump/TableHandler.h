@@ -41,6 +41,7 @@ struct PrintContext {
     std::uint16_t pid = 0xFFFF; // 0xFFFF for a section read from a file of sections
     const char* timeZone = "UTC"; // "JST" on Japanese networks, "UTC" otherwise (or as --tz says)
     const char* timeZoneSource = "no network seen"; // what decided it
+    bool timeZoneDecided = false; // by a network seen or by --tz (not the default)
 };
 
 class TableHandler {

@@ -33,9 +33,19 @@ protected:
         char text[32] = "";
         if (gmtime_r(&seconds, &fields))
             std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S ", &fields);
-        out.label("time_text", std::string(text) + context.timeZone);
-        out.label("time_zone", context.timeZone);
-        out.label("time_zone_from", context.timeZoneSource);
+        // Before any network is seen, a local time offset for Japan tells.
+        const char* zone = context.timeZone;
+        const char* from = context.timeZoneSource;
+        const auto* offsets = dynamic_cast<const TLocalTimeOffsetDescriptor*>(tot.getDescriptor(0x58));
+        if (!context.timeZoneDecided && offsets)
+            for (const std::string& code : offsets->getCountryCodes())
+                if (code.compare(0, 3, "JPN") == 0) {
+                    zone = "JST";
+                    from = "country_code JPN";
+                }
+        out.label("time_text", std::string(text) + zone);
+        out.label("time_zone", zone);
+        out.label("time_zone_from", from);
         printDescriptorsOf(tot, out);
     }
 };
