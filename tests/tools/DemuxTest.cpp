@@ -176,13 +176,31 @@ TEST_F(DemuxTest, ContinityBreakDropsThePartialSectionAndIsCounted)
     EXPECT_EQ(sink.found, (std::vector<Bytes>{small}));
 }
 
-TEST_F(DemuxTest, OtherPidsAndBadPointersAreIgnored)
+TEST_F(DemuxTest, EveryPidIsCountedWithWhatItCarriesAndBadPointersAreDropped)
 {
-    feed({0x101, 0, true}, concat({{0}, section(0x00, 20)}));
-    EXPECT_TRUE(sink.found.empty());
-    EXPECT_EQ(demux.counters(0x101), nullptr);
+    // Sections on a PID nothing marked are reassembled all the same.
+    const Bytes pat = section(0x00, 20);
+    feed({0x101, 0, true}, concat({{0}, pat}));
+    EXPECT_EQ(sink.found, (std::vector<Bytes>{pat}));
+    EXPECT_EQ(sink.pids, (std::vector<std::uint16_t>{0x101}));
+    EXPECT_FALSE(demux.hasPid(0x101));
+    EXPECT_EQ(demux.counters(0x101)->content, PidContent::SECTIONS);
+    // A PES PID (packet_start_code_prefix) is counted, its CC checked, and
+    // never read as sections; null packets are counted only.
+    feed({0x102, 0, true}, {0x00, 0x00, 0x01, 0xE0, 0x00, 0x00});
+    feed({0x102, 2, false}, {0x00, 0x00, 0x00});
+    feed({NULL_PID, 7, false}, {});
+    feed({NULL_PID, 7, false}, {});
+    EXPECT_EQ(demux.counters(0x102)->content, PidContent::PES);
+    EXPECT_EQ(demux.counters(0x102)->continuityErrors, 1u);
+    EXPECT_EQ(demux.counters(NULL_PID)->content, PidContent::NULL_PACKETS);
+    EXPECT_EQ(demux.counters(NULL_PID)->packets, 2u);
+    EXPECT_EQ(demux.counters(NULL_PID)->duplicates, 0u);
+    EXPECT_EQ(demux.counters(0x103), nullptr);
+    EXPECT_EQ(sink.found.size(), 1u);
+
     start(0, {}, 184);
-    EXPECT_TRUE(sink.found.empty());
+    EXPECT_EQ(sink.found.size(), 1u);
     EXPECT_EQ(counters().droppedSections, 1u);
 }
 
@@ -254,6 +272,22 @@ TEST(TsReaderTest, RecoversSyncAndReportsATruncatedEnd)
     EXPECT_EQ(result.report.syncLosses, 1u);
     EXPECT_EQ(result.report.packets, 29u);
     EXPECT_EQ(result.report.trailingBytes, 88u);
+}
+
+TEST(TsReaderTest, TellsAFileOfSectionsApart)
+{
+    const Bytes one = section(0x42, 40), other = section(0x00, 20);
+    const Bytes file = concat({one, {0xFF, 0xFF}, other});
+    EXPECT_TRUE(looksLikeSections(file.data(), file.size(), true));
+    // The start of a longer input: only the last section may be cut.
+    EXPECT_TRUE(looksLikeSections(file.data(), file.size() - 5, false));
+    EXPECT_FALSE(looksLikeSections(file.data(), file.size() - 5, true));
+    EXPECT_FALSE(looksLikeSections(one.data(), 30, false)); // not one whole section
+    Bytes corrupt = file;
+    corrupt[20] ^= 0x01;
+    EXPECT_FALSE(looksLikeSections(corrupt.data(), corrupt.size(), true));
+    const Bytes text(5000, 'x');
+    EXPECT_FALSE(looksLikeSections(text.data(), text.size(), true));
 }
 
 TEST(TsReaderTest, RefusesWhatIsNotATransportStream)

@@ -10,6 +10,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include "JsonSchemaCheck.h"
+#include "SectionBuilder.h"
+
 namespace {
 
 struct Outcome {
@@ -70,14 +73,16 @@ TEST(DumpTest, SampleMatchesTheExpectedDumpAlsoIn192And204BytePackets)
 
 TEST(DumpTest, JsonLinesAreWellFormedAndTheSummaryCountsEverySection)
 {
-    const Outcome result = dumpSample("--json --all");
+    const Outcome result = dumpSample("--json --all --verbose");
     ASSERT_EQ(result.status, 0) << result.out;
+    const VuroTest::JsonSchemaCheck schema(std::string(PROJECT_ROOT) + "/docs/isdbt-dump.schema.json");
     std::istringstream lines(result.out);
     std::string line;
     std::vector<nlohmann::json> records;
     while (std::getline(lines, line)) {
         ASSERT_TRUE(nlohmann::json::accept(line)) << line;
         records.push_back(nlohmann::json::parse(line));
+        EXPECT_EQ(schema.check(records.back()), "") << line;
     }
     ASSERT_GE(records.size(), 2u);
     const nlohmann::json& summary = records.back().at("summary");
@@ -87,7 +92,7 @@ TEST(DumpTest, JsonLinesAreWellFormedAndTheSummaryCountsEverySection)
         parsed += row.at("parsed").get<std::uint64_t>();
         accounted += row.at("parsed").get<std::uint64_t>() + row.at("unchanged").get<std::uint64_t>() +
                      row.at("refused").get<std::uint64_t>() + row.at("crc_errors").get<std::uint64_t>() +
-                     row.at("not_decoded").get<std::uint64_t>();
+                     row.at("not_decoded").get<std::uint64_t>() + row.at("unannounced").get<std::uint64_t>();
     }
     EXPECT_EQ(seen, summary.at("sections").get<std::uint64_t>());
     EXPECT_EQ(accounted, seen);
@@ -96,6 +101,31 @@ TEST(DumpTest, JsonLinesAreWellFormedAndTheSummaryCountsEverySection)
     EXPECT_EQ(records.front().at("table"), "PAT");
     EXPECT_EQ(records.front().at("pid"), 0);
     EXPECT_EQ(records.front().at("programs").size(), 2u);
+}
+
+TEST(DumpTest, AFileOfSectionsIsRecognisedWithoutTheFlag)
+{
+    const VuroTest::Bytes pat =
+        VuroTest::SectionBuilder(0x00).longHeader(0x0640, 1).u16(0x0000).u16(0xE010).u16(0xE580).u16(0xE1F0).build();
+    const VuroTest::Bytes file = VuroTest::concat({pat, {0xFF}, pat});
+    const std::string path = ::testing::TempDir() + "sections.bin";
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(file.data()),
+                                                static_cast<std::streamsize>(file.size()));
+    const VuroTest::JsonSchemaCheck schema(std::string(PROJECT_ROOT) + "/docs/isdbt-dump.schema.json");
+    for (const std::string& input : {path, "- < " + path}) {
+        const Outcome result = dump("--json " + input);
+        ASSERT_EQ(result.status, 0) << result.out;
+        std::istringstream lines(result.out);
+        std::string line;
+        ASSERT_TRUE(std::getline(lines, line));
+        const nlohmann::json record = nlohmann::json::parse(line);
+        EXPECT_TRUE(record.at("pid").is_null());
+        EXPECT_EQ(record.at("table"), "PAT");
+        EXPECT_EQ(schema.check(record), "");
+        ASSERT_TRUE(std::getline(lines, line));
+        EXPECT_EQ(nlohmann::json::parse(line).at("summary").at("tables").at(0).at("unchanged"), 1);
+    }
+    std::remove(path.c_str());
 }
 
 TEST(DumpTest, FiltersSelectPidsAndTables)
@@ -150,7 +180,7 @@ TEST(DumpTest, HelpListsEveryOption)
     const Outcome result = dump("--help");
     EXPECT_EQ(result.status, 0);
     for (const char* option : {"--sections", "--json", "--all", "--pid", "--table", "--verbose", "--summary-only",
-                               "--packet-size", "--timing", "Exit status"})
+                               "--packet-size", "--timing", "--all-pids", "--tz", "Exit status"})
         EXPECT_NE(result.out.find(option), std::string::npos) << option;
 }
 

@@ -7,6 +7,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "DescriptorLoops.h"
 #include "Dumper.h"
 #include "SectionBuilder.h"
 #include "tables/DescriptorPrinter.h"
@@ -191,6 +192,13 @@ TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptorsInTextAndJs
                         "              copy_control_type: 0x0\n"
                         "              APS_control_data: 0x0\n"
                         "              maximum_bitrate: 32\n"
+                        "          components_wire:\n"
+                        "            component 0x60:\n"
+                        "              component_tag: 0x60\n"
+                        "              digital_recording_control_data: 0x0\n"
+                        "              maximum_bitrate_flag: yes\n"
+                        "              copy_control_type: 0x0\n"
+                        "              APS_control_data: 0x0\n"
                         "        descriptor 0xCF logo transmission:\n"
                         "          descriptor_tag: 0xCF (logo transmission)\n"
                         "          logo_transmission_type: 0x01 (CDT scheme 1)\n"
@@ -229,29 +237,38 @@ TEST(DumperTest, SdtServicesPrintInServiceIdOrderWithTheirDescriptorsInTextAndJs
     EXPECT_EQ(name.at("service_name"), "1seg");
 }
 
-// Any table printer reaches every descriptor class through printDescriptor:
-// each one parsed from realistic bytes prints fields, not raw data. The
-// trailing bytes stand for the rest of a descriptor loop.
+// A descriptor parsed by its class and printed as JSON (null when the class
+// refuses the bytes). The trailing bytes stand for the rest of a loop.
 template <class D>
-void expectFieldsPrinted(std::uint8_t tag, const Bytes& body, std::size_t trailing = 0)
+nlohmann::json printedJson(std::uint8_t tag, const Bytes& body, std::size_t trailing = 0)
 {
     Bytes bytes = VuroTest::descriptor(tag, body);
     bytes.resize(bytes.size() + trailing, 0x00);
     Vuro::U16 error = 0;
     std::unique_ptr<D> descriptor(D::parse(bytes.data(), static_cast<Vuro::U32>(bytes.size()), nullptr, &error));
-    ASSERT_NE(descriptor, nullptr) << std::hex << int(tag) << " error " << error;
+    if (!descriptor)
+        return nlohmann::json();
     Captured out;
     std::unique_ptr<TreeOut> json = makeJsonOut(out.file);
     json->beginRecord("");
     json->beginList("descriptors");
+    PrintedDescriptors printed;
+    printed.addSpan(bytes.data(), bytes.data() + bytes.size());
     printDescriptor(*descriptor, *json);
     json->end();
     json->endRecord();
-    const std::string line = out.text();
-    ASSERT_TRUE(nlohmann::json::accept(line)) << line;
-    const nlohmann::json printed = nlohmann::json::parse(line).at("descriptors").at(0);
-    EXPECT_FALSE(printed.contains("data")) << line;
-    EXPECT_GT(printed.size(), 1u) << line;
+    return nlohmann::json::parse(out.text()).at("descriptors").at(0);
+}
+
+// Any table printer reaches every descriptor class through printDescriptor:
+// each one parsed from realistic bytes prints fields, not raw data.
+template <class D>
+void expectFieldsPrinted(std::uint8_t tag, const Bytes& body, std::size_t trailing = 0)
+{
+    const nlohmann::json printed = printedJson<D>(tag, body, trailing);
+    ASSERT_TRUE(printed.is_object()) << std::hex << int(tag);
+    EXPECT_FALSE(printed.contains("data")) << printed.dump();
+    EXPECT_GT(printed.size(), 1u) << printed.dump();
 }
 
 TEST(DumperTest, EveryDescriptorClassHasAFieldPrinter)
@@ -318,3 +335,260 @@ TEST(DumperTest, PmtAnnouncesItsApplicationAndCarouselPids)
               std::string::npos)
         << text;
 }
+
+namespace {
+
+TEST(DumperTest, ValuesTheLibraryKeepsCarryTheBytesValueBesideThem)
+{
+    using namespace Vuro;
+    using nlohmann::json;
+    // Two services whose ids OR into one byte: both wire ids under the one entry.
+    json services = printedJson<TServiceListDescriptor>(0x41, {0x5C, 0x20, 0x01, 0x5C, 0x38, 0xC0}).at("services");
+    ASSERT_EQ(services.size(), 1u);
+    EXPECT_EQ(services[0].at("service_id"), 0x7C);
+    EXPECT_EQ(services[0].at("service_id_wire"), json({0x5C20, 0x5C38}));
+    EXPECT_EQ(services[0].at("service_type_wire"), json({0x01, 0xC0}));
+    // One service whose id fits in a byte is not annotated.
+    EXPECT_FALSE(printedJson<TServiceListDescriptor>(0x41, {0x00, 0x12, 0x01}).at("services")[0].contains("service_id_wire"));
+
+    const json video = printedJson<TVideoDecodeControlDescriptor>(0xC8, {0x53});
+    EXPECT_EQ(video.at("video_encode_format"), 0);
+    EXPECT_EQ(video.at("video_encode_format_wire"), 4);
+    EXPECT_EQ(video.at("video_encode_format_wire_name"), "480i");
+    EXPECT_FALSE(printedJson<TVideoDecodeControlDescriptor>(0xC8, {0x4F}).contains("video_encode_format_wire"));
+
+    const json availability = printedJson<TContentAvailabilityDescriptor>(0xDE, {0xC7});
+    EXPECT_EQ(availability.at("image_constraint_token"), true);
+    EXPECT_EQ(availability.at("image_constraint_token_wire"), false);
+    EXPECT_EQ(availability.at("retention_mode_wire"), false);
+    EXPECT_EQ(availability.at("encryption_mode"), false);
+    EXPECT_EQ(availability.at("encryption_mode_wire"), true);
+
+    // JPN, offset +10:30 in BCD: the library weighs tens digits as 160.
+    const json offset = printedJson<TLocalTimeOffsetDescriptor>(
+        0x58, {'J', 'P', 'N', 0x00, 0x10, 0x30, 0xE6, 0x40, 0x00, 0x00, 0x00, 0x09, 0x00});
+    EXPECT_EQ(offset.at("countries")[0].at("local_time_offset_seconds_wire"), 10 * 3600 + 30 * 60);
+
+    const json audio =
+        printedJson<TAudioComponentDescriptor>(0xC4, {0xF2, 0x03, 0x10, 0x0F, 0x01, 0x2F, 'p', 'o', 'r', 0x41}, 4);
+    EXPECT_EQ(audio.at("component_tag_wire"), 0x10);
+    EXPECT_EQ(audio.at("stream_type"), 0x10);
+    EXPECT_EQ(audio.at("stream_type_wire"), 0x0F);
+    EXPECT_EQ(audio.at("simulcast_group_wire"), 0x01);
+
+    const json copyright = printedJson<TCopyrightDescriptor>(0x0D, {0xFF, 0xE1, 0x00, 0x05});
+    EXPECT_TRUE(copyright.at("reference_PID_wire").is_null());
+    EXPECT_EQ(copyright.at("copyright_identifier_wire"), 0xFFE10005u);
+
+    // 90kHz_flag set: the bytes carry no N and K and num_units_in_tick first.
+    const json timing =
+        printedJson<TAVCTimingAndHRDDescriptor>(0x2A, {0x81, 0x80, 0, 0, 0, 1, 0, 0, 0, 2, 0, 0, 0, 3, 0xE0});
+    EXPECT_TRUE(timing.at("N_wire").is_null());
+    EXPECT_EQ(timing.at("num_units_in_tick"), 3);
+    EXPECT_EQ(timing.at("num_units_in_tick_wire"), 1);
+
+    const json copy = printedJson<TDigitalCopyControlDescriptor>(0xC1, {0xB4, 0x30, 0x02, 0x60, 0x20});
+    EXPECT_EQ(copy.at("components_wire")[0].at("component_tag"), 0x60);
+    EXPECT_EQ(copy.at("components_wire")[0].at("maximum_bitrate_flag"), true);
+
+    // The text tree marks the annotation on the field's own line.
+    Session text(options());
+    text.feed(0x0010, SectionBuilder(0x40)
+                          .longHeader(0x02E1, 1)
+                          .loop({})
+                          .loop(VuroTest::concat({{0x02, 0xE1, 0x02, 0xE1},
+                                                  {0xF0, 0x08},
+                                                  VuroTest::descriptor(0x41, {0x5C, 0x20, 0x01, 0x5C, 0x38, 0xC0})}))
+                          .build());
+    EXPECT_NE(text.out.text().find("service_id: 0x7C  [wire: 0x5C20, 0x5C38]\n"), std::string::npos)
+        << text.out.text();
+}
+
+TEST(DumperTest, DescriptorsNoObjectHoldsAreListedWhereTheyOccur)
+{
+    // A NIT with two network names (the later one is kept) and a satellite
+    // delivery descriptor in the transport stream loop, which has no class.
+    const Bytes transport = VuroTest::concat({{0x40, 0x10, 0x00, 0x04},
+                                              {0xF0, 0x0D},
+                                              VuroTest::descriptor(0x43, {0x01, 0x17, 0x27, 0x48, 0x00, 0x45, 0x02,
+                                                                          0x88, 0x60, 0x01, 0x01})});
+    const Bytes nit = SectionBuilder(0x40)
+                          .longHeader(0x0004, 1)
+                          .loop(VuroTest::concat({VuroTest::descriptor(0x40, {'A'}), VuroTest::descriptor(0x40, {'B'})}))
+                          .loop(transport)
+                          .build();
+    Session json(options(true, true));
+    json.feed(0x0010, nit);
+    const nlohmann::json record = nlohmann::json::parse(json.out.text());
+    const nlohmann::json& undecoded = record.at("undecoded_descriptors");
+    ASSERT_EQ(undecoded.size(), 2u) << record.dump();
+    EXPECT_EQ(undecoded[0].at("descriptor_tag"), 0x40);
+    EXPECT_EQ(undecoded[0].at("location"), "network");
+    EXPECT_EQ(undecoded[0].at("data"), "40 01 41");
+    EXPECT_EQ(undecoded[1].at("descriptor_tag_name"), "satellite delivery system");
+    EXPECT_EQ(undecoded[1].at("descriptor_length"), 11);
+    EXPECT_EQ(undecoded[1].at("location"), "transport stream 0x4010");
+
+    Session text(options());
+    text.feed(0x0010, nit);
+    EXPECT_NE(text.out.text().find("  undecoded_descriptors:\n    descriptor 0x40 network name in network:\n"),
+              std::string::npos)
+        << text.out.text();
+    EXPECT_EQ(text.out.text().find("data: 43"), std::string::npos); // bytes only with --verbose
+}
+
+Bytes pmt(std::uint16_t program)
+{
+    return SectionBuilder(0x02).longHeader(program, 1).u16(0xE111).loop({}).bytes({0x1B, 0xE1, 0x11, 0xF0, 0x00}).build();
+}
+
+TEST(DumperTest, SectionsBeforeTheirAnnouncementAreHeldThenDecodedOrCountedAsUnannounced)
+{
+    Session run(options());
+    run.feed(0x01F0, pmt(0xE580)); // before the PAT
+    run.feed(0x0777, pmt(0x0777)); // never announced
+    EXPECT_EQ(run.dumper.sections(), 0u);
+    EXPECT_TRUE(run.out.text().empty());
+    run.feed(0x0000, pat(1, 0x01F0));
+    EXPECT_EQ(run.counts(0x01F0, 0x02).parsed, 1u);
+    const std::string text = run.out.text();
+    EXPECT_LT(text.find("PAT on PID 0x0000"), text.find("PMT on PID 0x01F0"));
+    run.dumper.writeSummary(nullptr, nullptr);
+    EXPECT_EQ(run.counts(0x0777, 0x02).unannounced, 1u);
+    EXPECT_EQ(run.counts(0x0777, 0x02).seen, 1u);
+    EXPECT_EQ(run.dumper.sections(), 3u);
+
+    // Past the bound a PID's sections are counted at once.
+    Session bounded(options());
+    for (std::size_t i = 0; i <= Dumper::HELD_SECTIONS_PER_PID; ++i)
+        bounded.feed(0x0777, pmt(0x0777));
+    EXPECT_EQ(bounded.counts(0x0777, 0x02).unannounced, 1u);
+
+    // --all-pids decodes them by their table_id straight away.
+    DumpOptions all = options();
+    all.allPids = true;
+    Session decoded(all);
+    decoded.feed(0x0777, pmt(0x0777));
+    EXPECT_EQ(decoded.counts(0x0777, 0x02).parsed, 1u);
+}
+
+// Stands for an EIT class (taking the range 0x4E to 0x6F): a table on every
+// first section of its key, "not updated" whenever a previous table is
+// handed in.
+class KeyProbeHandler : public TableHandlerOf<Vuro::TISDBTTable> {
+public:
+    KeyProbeHandler() : TableHandlerOf("EIT", ROLE_EIT, 0x4E, 0x6F) {}
+
+protected:
+    Vuro::TISDBTTable* parseTable(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
+                                  Vuro::U16* errorCode) const override
+    {
+        if (previous) {
+            *errorCode = Vuro::TISDBTTable::ERROR_TABLE_NOT_UPDATED;
+            return nullptr;
+        }
+        return new Vuro::TISDBTTable(Vuro::TISDBTTable::HEIT, 0, section[0], section, length);
+    }
+    void printTable(const Vuro::TISDBTTable&, TreeOut&) const override {}
+};
+
+Bytes eit(std::uint8_t tableId, std::uint16_t service, std::uint8_t section, std::uint16_t stream, std::uint16_t network)
+{
+    return SectionBuilder(tableId).longHeader(service, 1, true, section, 1).u16(stream).u16(network).u8(1).u8(tableId).build();
+}
+
+TEST(DumperTest, PreviousTablesAreKeptPerTableIdExtensionAndForTheEitPerSectionKey)
+{
+    // Two SDTs of different transport streams, same version, on one PID.
+    Session sdts(options());
+    const Bytes other = SectionBuilder(0x42).longHeader(0x0641, 3).u16(0x0641).u8(0xFF).build();
+    for (const Bytes& section : {sdt(), other, sdt(), other})
+        sdts.feed(0x0011, section);
+    EXPECT_EQ(sdts.counts(0x0011, 0x42).parsed, 2u);
+    EXPECT_EQ(sdts.counts(0x0011, 0x42).unchanged, 2u);
+
+    // The EIT: service, section_number, transport stream and network each
+    // keep a previous table of their own, in stream and section mode alike.
+    const std::vector<Bytes> sections = {eit(0x4E, 1, 0, 1, 1), eit(0x4E, 1, 1, 1, 1), eit(0x4E, 1, 0, 2, 1),
+                                         eit(0x4E, 1, 0, 1, 2), eit(0x4E, 2, 0, 1, 1), eit(0x50, 1, 0, 1, 1),
+                                         eit(0x4E, 1, 0, 1, 1), eit(0x4E, 1, 1, 1, 1)};
+    Session stream(options());
+    stream.dumper.addHandler(std::make_unique<KeyProbeHandler>());
+    for (const Bytes& section : sections)
+        stream.feed(0x0012, section);
+    EXPECT_EQ(stream.counts(0x0012, 0x4E).parsed, 5u);
+    EXPECT_EQ(stream.counts(0x0012, 0x4E).unchanged, 2u);
+    EXPECT_EQ(stream.counts(0x0012, 0x50).parsed, 1u);
+
+    Session file(options());
+    file.dumper.addHandler(std::make_unique<KeyProbeHandler>());
+    Bytes data;
+    for (const Bytes& section : sections)
+        data.insert(data.end(), section.begin(), section.end());
+    std::string error;
+    ASSERT_TRUE(file.dumper.readSections(data.data(), data.size(), error)) << error;
+    EXPECT_EQ(file.counts(Dumper::NO_PID, 0x4E).parsed, 5u);
+    EXPECT_EQ(file.counts(Dumper::NO_PID, 0x4E).unchanged, 2u);
+}
+
+Bytes tot(const Bytes& offsets = {})
+{
+    return SectionBuilder(0x73).u16(0xE640).bytes({0x12, 0x00, 0x00}).loop(offsets).build();
+}
+
+TEST(DumperTest, TheTotTimeIsLabelledByTheNetworksZoneOrByTz)
+{
+    const Bytes japanese = SectionBuilder(0x42).longHeader(0x7ED0, 1).u16(0x7ED0).u8(0xFF).build();
+    // A local time offset for Japan decides only while no network is known.
+    const Bytes japan = VuroTest::descriptor(0x58, {'J', 'P', 'N', 0x02, 0x09, 0x00, 0xE6, 0x40, 0, 0, 0, 0x09, 0x00});
+    struct Case {
+        Bytes before;
+        const char* tz;
+        Bytes offsets;
+        const char* label;
+    } cases[] = {{japanese, "", {}, "JST"}, {sdt(), "", {}, "UTC"},   {{}, "", {}, "UTC"},      {{}, "", japan, "JST"},
+                 {sdt(), "", japan, "UTC"}, {sdt(), "JST", {}, "JST"}, {japanese, "UTC", {}, "UTC"}};
+    for (const Case& c : cases) {
+        DumpOptions json = options(true);
+        json.timeZone = c.tz;
+        Session run(json);
+        if (!c.before.empty())
+            run.feed(0x0011, c.before);
+        run.feed(0x0014, tot(c.offsets));
+        const std::string out = run.out.text();
+        const nlohmann::json record = nlohmann::json::parse(out.substr(out.rfind("{\"pid\"")));
+        EXPECT_EQ(record.at("time_zone"), c.label) << c.tz;
+        EXPECT_EQ(record.at("time_text").get<std::string>().substr(20), c.label);
+    }
+}
+
+} // namespace
+
+namespace {
+
+TEST(DumperTest, DescriptorLoopsStayInsideAnySection)
+{
+    // Every table layout the loops know, on bytes whose lengths say anything:
+    // each loop and descriptor lies inside the section (exact-size buffers,
+    // so the sanitizer sees any read past them).
+    std::uint32_t seed = 0x1234567u;
+    auto next = [&seed] { return static_cast<std::uint8_t>((seed = seed * 1103515245u + 12345u) >> 16); };
+    for (std::uint8_t tableId : {0x01, 0x02, 0x40, 0x41, 0x42, 0x46, 0x4A, 0x4E, 0x60, 0x73, 0x74, 0x7F, 0xC4})
+        for (std::size_t length = 0; length < 64; ++length)
+            for (int round = 0; round < 8; ++round) {
+                std::vector<std::uint8_t> section(length);
+                for (std::uint8_t& byte : section)
+                    byte = next();
+                if (length)
+                    section[0] = tableId;
+                for (const DescriptorLoop& loop : descriptorLoops(section.data(), length)) {
+                    ASSERT_LE(loop.begin, loop.end);
+                    ASSERT_LE(loop.end, length);
+                    for (const RawDescriptor& raw : descriptorsIn(section.data(), loop))
+                        ASSERT_LE(raw.offset + raw.size, loop.end);
+                }
+                (void)networkOf(section.data(), length);
+            }
+}
+
+} // namespace

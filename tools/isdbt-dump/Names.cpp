@@ -201,24 +201,41 @@ const char* applicationDescriptorTagName(std::uint8_t tag)
     }
 }
 
-const char* descriptorTagName(std::uint8_t tag)
+const char* dsmccDescriptorTagName(std::uint8_t tag)
 {
     switch (tag) {
-    // Tags 0x01-0x04 as DSM-CC sections (table_id 0x3D) use them, the only
-    // table the dump decodes that keeps descriptors with these tags.
     case 0x01: return "NPT reference";
     case 0x02: return "NPT endpoint";
     case 0x03: return "stream mode";
     case 0x04: return "stream event";
+    default: return descriptorTagName(tag);
+    }
+}
+
+const char* descriptorTagName(std::uint8_t tag)
+{
+    switch (tag) {
+    case 0x02: return "video stream";
+    case 0x03: return "audio stream";
+    case 0x05: return "registration";
+    case 0x06: return "data stream alignment";
     case 0x09: return "conditional access";
     case 0x0A: return "ISO 639 language";
     case 0x0D: return "copyright";
+    case 0x0E: return "maximum bitrate";
+    case 0x10: return "smoothing buffer";
+    case 0x11: return "STD";
     case 0x13: return "carousel identifier";
+    case 0x14: return "association tag";
+    case 0x15: return "deferred association tags";
+    case 0x1C: return "MPEG-4 audio";
     case 0x28: return "AVC video";
     case 0x2A: return "AVC timing and HRD";
     case 0x40: return "network name";
     case 0x41: return "service list";
     case 0x42: return "stuffing";
+    case 0x43: return "satellite delivery system";
+    case 0x44: return "cable delivery system";
     case 0x47: return "bouquet name";
     case 0x48: return "service";
     case 0x49: return "country availability";
@@ -227,6 +244,7 @@ const char* descriptorTagName(std::uint8_t tag)
     case 0x4C: return "time shifted service";
     case 0x4D: return "short event";
     case 0x4E: return "extended event";
+    case 0x4F: return "time shifted event";
     case 0x50: return "component";
     case 0x51: return "mosaic";
     case 0x52: return "stream identifier";
@@ -234,18 +252,35 @@ const char* descriptorTagName(std::uint8_t tag)
     case 0x54: return "content";
     case 0x55: return "parental rating";
     case 0x58: return "local time offset";
+    case 0x63: return "partial transport stream";
     case 0x7C: return "AAC";
     case 0xC0: return "hierarchical transmission";
     case 0xC1: return "digital copy control";
+    case 0xC2: return "network identification";
+    case 0xC3: return "partial transport stream time";
     case 0xC4: return "audio component";
+    case 0xC5: return "hyperlink";
     case 0xC6: return "target region";
     case 0xC7: return "data content";
     case 0xC8: return "video decode control";
     case 0xC9: return "download content";
+    case 0xCB: return "CA contract info";
+    case 0xCC: return "CA service";
     case 0xCD: return "TS information";
+    case 0xCE: return "extended broadcaster";
     case 0xCF: return "logo transmission";
+    case 0xD5: return "series";
     case 0xD6: return "event group";
+    case 0xD7: return "SI parameter";
+    case 0xD8: return "broadcaster name";
+    case 0xD9: return "component group";
+    case 0xDA: return "SI prime TS";
+    case 0xDB: return "board information";
+    case 0xDC: return "LDT linkage";
+    case 0xDD: return "connected transmission";
     case 0xDE: return "content availability";
+    case 0xE0: return "service group";
+    case 0xF6: return "access control";
     case 0xF7: return "carousel compatible composite";
     case 0xF8: return "conditional playback";
     case 0xFA: return "terrestrial delivery system";

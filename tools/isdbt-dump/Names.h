@@ -20,6 +20,8 @@ const char* serviceTypeName(std::uint8_t serviceType);
 const char* runningStatusName(std::uint8_t runningStatus);
 // descriptor_tag assignments of ISO/IEC 13818-1, ARIB and ABNT.
 const char* descriptorTagName(std::uint8_t tag);
+// The same, with tags 0x01-0x04 as DSM-CC stream descriptor sections use them.
+const char* dsmccDescriptorTagName(std::uint8_t tag);
 // Ginga application types (the AIT's table_id_extension), application
 // control codes, and the descriptor tags of the AIT's own tag space.
 const char* applicationTypeName(std::uint16_t type);

@@ -33,21 +33,27 @@ SectionDemux::~SectionDemux() = default;
 
 void SectionDemux::addPid(std::uint16_t pid)
 {
-    if (pid >= PID_COUNT || m_wanted[pid])
-        return;
-    m_states[pid].reset(new PidState);
-    m_wanted[pid] = true;
+    if (pid < PID_COUNT)
+        m_wanted[pid] = true;
 }
 
 const PidCounters* SectionDemux::counters(std::uint16_t pid) const
 {
-    return hasPid(pid) ? &m_states[pid]->counters : nullptr;
+    return pid < PID_COUNT && m_states[pid] ? &m_states[pid]->counters : nullptr;
 }
 
-void SectionDemux::wantedPacket(std::uint16_t pid, std::uint8_t* packet)
+void SectionDemux::pidPacket(std::uint16_t pid, std::uint8_t* packet)
 {
-    PidState& state = *m_states[pid];
+    std::unique_ptr<PidState>& slot = m_states[pid];
+    if (!slot) {
+        slot.reset(new PidState);
+        if (pid == NULL_PID)
+            slot->counters.content = PidContent::NULL_PACKETS;
+    }
+    PidState& state = *slot;
     ++state.counters.packets;
+    if (state.counters.content == PidContent::NULL_PACKETS)
+        return; // stuffing: its continuity_counter means nothing
     if (packet[1] & 0x80) {
         // transport_error_indicator: nothing in the packet can be trusted,
         // the continuity counter included.
@@ -93,7 +99,14 @@ void SectionDemux::wantedPacket(std::uint16_t pid, std::uint8_t* packet)
         state.abandon();
         return;
     }
-    payload(pid, state, packet + position, TS_PACKET_SIZE - position, unitStart);
+    std::uint8_t* const data = packet + position;
+    const std::size_t size = TS_PACKET_SIZE - position;
+    if (state.counters.content == PidContent::UNKNOWN && unitStart)
+        state.counters.content = size >= 3 && data[0] == 0x00 && data[1] == 0x00 && data[2] == 0x01
+                                     ? PidContent::PES
+                                     : PidContent::SECTIONS;
+    if (state.counters.content == PidContent::SECTIONS)
+        payload(pid, state, data, size, unitStart);
 }
 
 void SectionDemux::payload(std::uint16_t pid, PidState& state, std::uint8_t* data, std::size_t size, bool unitStart)

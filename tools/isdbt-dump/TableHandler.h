@@ -35,6 +35,15 @@ public:
     virtual void announce(std::uint16_t pid, PidRole role) = 0;
 };
 
+// What a printer may want to know besides the table: where the section
+// came from and what the network's times are in.
+struct PrintContext {
+    std::uint16_t pid = 0xFFFF; // 0xFFFF for a section read from a file of sections
+    const char* timeZone = "UTC"; // "JST" on Japanese networks, "UTC" otherwise (or as --tz says)
+    const char* timeZoneSource = "no network seen"; // what decided it
+    bool timeZoneDecided = false; // by a network seen or by --tz (not the default)
+};
+
 class TableHandler {
 public:
     virtual ~TableHandler() = default;
@@ -48,20 +57,31 @@ public:
     virtual Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
                                      Vuro::U16* errorCode) const = 0;
     virtual void print(const Vuro::TISDBTTable& table, TreeOut& out) const = 0;
+    // The printer with the dump's context; by default the one without.
+    virtual void printIn(const Vuro::TISDBTTable& table, const PrintContext&, TreeOut& out) const
+    {
+        print(table, out);
+    }
     virtual void announce(const Vuro::TISDBTTable&, PidAnnouncements&) const {}
 };
 
 // The typed side of a handler: T is the table class, named and routed by
-// the handler's role and the one table_id it takes.
+// the handler's role and the table_id it takes (or a range of them, as the
+// EIT's 0x4E to 0x6F).
 template <class T>
 class TableHandlerOf : public TableHandler {
 public:
-    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId) : m_name(name), m_role(role), m_tableId(tableId)
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t tableId)
+        : m_name(name), m_role(role), m_tableId(tableId), m_lastTableId(tableId)
+    {
+    }
+    TableHandlerOf(const char* name, PidRole role, std::uint8_t firstTableId, std::uint8_t lastTableId)
+        : m_name(name), m_role(role), m_tableId(firstTableId), m_lastTableId(lastTableId)
     {
     }
     const char* name() const final { return m_name; }
     PidRole role() const final { return m_role; }
-    bool accepts(std::uint8_t tableId) const final { return tableId == m_tableId; }
+    bool accepts(std::uint8_t tableId) const final { return tableId >= m_tableId && tableId <= m_lastTableId; }
     Vuro::TISDBTTable* parse(Vuro::U8* section, Vuro::U32 length, Vuro::TISDBTTable* previous,
                              Vuro::U16* errorCode) const final
     {
@@ -71,6 +91,10 @@ public:
     {
         printTable(static_cast<const T&>(table), out);
     }
+    void printIn(const Vuro::TISDBTTable& table, const PrintContext& context, TreeOut& out) const final
+    {
+        printTableIn(static_cast<const T&>(table), context, out);
+    }
     void announce(const Vuro::TISDBTTable& table, PidAnnouncements& router) const final
     {
         announceFrom(static_cast<const T&>(table), router);
@@ -79,12 +103,15 @@ public:
 protected:
     virtual T* parseTable(Vuro::U8* section, Vuro::U32 length, T* previous, Vuro::U16* errorCode) const = 0;
     virtual void printTable(const T& table, TreeOut& out) const = 0;
+    // A printer that needs the context overrides this one.
+    virtual void printTableIn(const T& table, const PrintContext&, TreeOut& out) const { printTable(table, out); }
     virtual void announceFrom(const T&, PidAnnouncements&) const {}
 
 private:
     const char* m_name;
     PidRole m_role;
     std::uint8_t m_tableId;
+    std::uint8_t m_lastTableId;
 };
 
 // The long section header every versioned table shares; extensionName

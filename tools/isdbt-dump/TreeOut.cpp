@@ -110,8 +110,41 @@ public:
         m_text += value;
         m_text += '\n';
     }
+    void hexValue(std::uint64_t value, int digits) override { this->value(hexText(value, digits)); }
+    void measureValue(std::int64_t, const std::string& text) override { value(text); }
+    void none(const char* key) override { line(key, "none"); }
+    void wireNumber(const char*, std::uint64_t value, int digits) override { annotate(numberText(value, digits)); }
+    void wireNumbers(const char*, const std::vector<std::uint64_t>& values, int digits) override
+    {
+        std::string shown;
+        for (std::uint64_t value : values)
+            shown += (shown.empty() ? "" : ", ") + numberText(value, digits);
+        annotate(shown);
+    }
+    void wireNamed(const char*, std::uint64_t value, int digits, const char* name) override
+    {
+        annotate(numberText(value, digits) + (name ? std::string(" (") + name + ")" : std::string()));
+    }
+    void wireFlag(const char*, bool value) override { annotate(value ? "yes" : "no"); }
+    void wireOnly(const char* key, std::uint64_t value, int digits) override
+    {
+        line(key, "not read");
+        wireNumber(key, value, digits);
+    }
+    void wireAbsent(const char*) override { annotate("not carried"); }
 
 private:
+    static std::string numberText(std::uint64_t value, int digits)
+    {
+        return digits ? hexText(value, digits) : std::to_string(value);
+    }
+    // On the line just written: "key: value  [wire: ...]".
+    void annotate(const std::string& wire)
+    {
+        if (!m_text.empty() && m_text.back() == '\n')
+            m_text.pop_back();
+        m_text += "  [wire: " + wire + "]\n";
+    }
     void indent() { m_text.append(static_cast<std::size_t>(m_level) * 2, ' '); }
     void closeHeader(bool emptyGroup)
     {
@@ -152,7 +185,7 @@ public:
     void beginRecord(const std::string&) override
     {
         m_root = nlohmann::ordered_json::object();
-        m_stack.assign(1, &m_root);
+        m_stack.assign(1, Level{&m_root, {}, {}});
     }
     void endRecord() override
     {
@@ -163,7 +196,14 @@ public:
     void beginObject(const char* key) override { push(key, nlohmann::ordered_json::object()); }
     void beginList(const char* key) override { push(key, nlohmann::ordered_json::array()); }
     void beginItem(const std::string&) override { push(nullptr, nlohmann::ordered_json::object()); }
-    void end() override { m_stack.pop_back(); }
+    void end() override
+    {
+        Level done = std::move(m_stack.back());
+        m_stack.pop_back();
+        nlohmann::ordered_json& parent = *m_stack.back().node;
+        if (!done.texts.empty() && parent.is_object())
+            parent[done.key + "_text"] = done.texts;
+    }
     void number(const char* key, std::int64_t value) override { set(key, value); }
     void hex(const char* key, std::uint64_t value, int) override { set(key, value); }
     void flag(const char* key, bool value) override { set(key, value); }
@@ -180,12 +220,39 @@ public:
         set(key, hexBytes(data, size));
     }
     void value(const std::string& value) override { set(nullptr, value); }
+    void hexValue(std::uint64_t value, int) override { set(nullptr, value); }
+    void measureValue(std::int64_t value, const std::string& text) override
+    {
+        set(nullptr, value);
+        m_stack.back().texts.push_back(text);
+    }
+    void none(const char* key) override { set(key, nullptr); }
+    void wireNumber(const char* key, std::uint64_t value, int) override { set(wireKey(key).c_str(), value); }
+    void wireNumbers(const char* key, const std::vector<std::uint64_t>& values, int) override
+    {
+        set(wireKey(key).c_str(), values);
+    }
+    void wireNamed(const char* key, std::uint64_t value, int, const char* name) override
+    {
+        set(wireKey(key).c_str(), value);
+        if (name)
+            set((wireKey(key) + "_name").c_str(), name);
+    }
+    void wireFlag(const char* key, bool value) override { set(wireKey(key).c_str(), value); }
+    void wireOnly(const char* key, std::uint64_t value, int) override { set(wireKey(key).c_str(), value); }
+    void wireAbsent(const char* key) override { set(wireKey(key).c_str(), nullptr); }
 
 private:
+    struct Level {
+        nlohmann::ordered_json* node;
+        std::string key;                // under which the node sits in its parent object
+        std::vector<std::string> texts; // of measureValue, written beside the list at its end
+    };
+    static std::string wireKey(const char* key) { return std::string(key) + "_wire"; }
     template <class V>
     void set(const char* key, V&& value)
     {
-        nlohmann::ordered_json& top = *m_stack.back();
+        nlohmann::ordered_json& top = *m_stack.back().node;
         if (top.is_array())
             top.push_back(std::forward<V>(value));
         else
@@ -193,19 +260,19 @@ private:
     }
     void push(const char* key, nlohmann::ordered_json&& group)
     {
-        nlohmann::ordered_json& top = *m_stack.back();
+        nlohmann::ordered_json& top = *m_stack.back().node;
         if (top.is_array()) {
             top.push_back(std::move(group));
-            m_stack.push_back(&top.back());
+            m_stack.push_back(Level{&top.back(), {}, {}});
         } else {
             top[key] = std::move(group);
-            m_stack.push_back(&top[key]);
+            m_stack.push_back(Level{&top[key], key, {}});
         }
     }
 
     std::FILE* m_file;
     nlohmann::ordered_json m_root;
-    std::vector<nlohmann::ordered_json*> m_stack;
+    std::vector<Level> m_stack;
 };
 
 } // namespace

@@ -44,7 +44,41 @@ public:
     virtual void bytes(const char* key, const std::uint8_t* data, std::size_t size) = 0;
     // An element of a list of plain values.
     virtual void value(const std::string& value) = 0;
+    // An element of a list of numbers, hexadecimal with the given digits in
+    // the text tree, a number in JSON.
+    virtual void hexValue(std::uint64_t value, int digits) = 0;
+    // An element of a list of measures: its text in the text tree; in JSON a
+    // number in the list and the text in a list beside it ("<key>_text").
+    virtual void measureValue(std::int64_t value, const std::string& text) = 0;
+    // A field with no value (JSON null, "none" in the text tree).
+    virtual void none(const char* key) = 0;
+
+    // What the broadcast bytes carry where the library keeps another value
+    // on purpose: written right after the field it annotates, as
+    // "  [wire: ...]" on its line, or "<key>_wire" in JSON. digits 0 writes
+    // decimal. wireAbsent marks a field the library reads that the bytes do
+    // not carry (JSON null).
+    virtual void wireNumber(const char* key, std::uint64_t value, int digits) = 0;
+    virtual void wireNumbers(const char* key, const std::vector<std::uint64_t>& values, int digits) = 0;
+    virtual void wireNamed(const char* key, std::uint64_t value, int digits, const char* name) = 0;
+    virtual void wireFlag(const char* key, bool value) = 0;
+    virtual void wireAbsent(const char* key) = 0;
+    // A field the bytes carry that the library does not read: its own line
+    // "key: not read  [wire: ...]", or "<key>_wire" alone in JSON.
+    virtual void wireOnly(const char* key, std::uint64_t value, int digits) = 0;
 };
+
+// Annotates the field just written when the bytes carry another value.
+inline void wireIfDiffers(TreeOut& out, const char* key, std::uint64_t library, std::uint64_t wire, int digits)
+{
+    if (library != wire)
+        out.wireNumber(key, wire, digits);
+}
+inline void wireFlagIfDiffers(TreeOut& out, const char* key, bool library, bool wire)
+{
+    if (library != wire)
+        out.wireFlag(key, wire);
+}
 
 // Latin-1 bytes as UTF-8, control bytes written as \xNN.
 std::string displayText(const std::string& bytes);

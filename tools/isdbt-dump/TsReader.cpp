@@ -5,6 +5,8 @@
 #include <cstring>
 #include <unistd.h>
 
+#include <VuroISDBT.h>
+
 namespace VuroTools {
 
 namespace {
@@ -45,6 +47,40 @@ PacketFormat detectPacketFormat(const std::uint8_t* data, std::size_t size)
         }
     }
     return best;
+}
+
+bool looksLikeSections(const std::uint8_t* data, std::size_t size, bool complete)
+{
+    std::size_t whole = 0;
+    std::size_t at = 0;
+    while (at < size) {
+        if (data[at] == 0xFF) {
+            ++at;
+            continue;
+        }
+        if (size - at < 3)
+            return !complete && whole > 0;
+        const std::size_t length = 3 + (((data[at + 1] & 0x0F) << 8) | data[at + 2]);
+        if (length > size - at)
+            return !complete && whole > 0;
+        const bool hasCrc = (data[at + 1] & 0x80) || data[at] == 0x73;
+        if (hasCrc && (length < 7 || Vuro::ISDBTUtils::getSectionCRC32(const_cast<std::uint8_t*>(data + at),
+                                                                         static_cast<Vuro::U32>(length)) != 0))
+            return false;
+        ++whole;
+        at += length;
+    }
+    return whole > 0;
+}
+
+void TsReader::prime(const std::uint8_t* data, std::size_t size)
+{
+    if (m_buffer.size() < size)
+        m_buffer.resize(size);
+    std::memcpy(m_buffer.data(), data, size);
+    m_have = size;
+    m_position = 0;
+    m_report.bytes += size;
 }
 
 TsReader::TsReader(int fd, std::size_t unitSize, std::size_t blockSize)

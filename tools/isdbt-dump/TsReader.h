@@ -27,6 +27,13 @@ struct PacketFormat {
 // run (up to 32) wins, 188 before 192 before 204 on a tie.
 PacketFormat detectPacketFormat(const std::uint8_t* data, std::size_t size);
 
+// Whether data (the start of an input, the whole of it when complete) reads
+// as sections placed back to back, each from its table_id with 0xFF stuffing
+// allowed between them: at least one whole section, every section inside
+// the data (only the last may be cut where an incomplete start ends), and
+// every CRC_32 (long-header sections and the TOT) correct.
+bool looksLikeSections(const std::uint8_t* data, std::size_t size, bool complete);
+
 struct ReadReport {
     PacketFormat format;
     std::uint64_t bytes = 0;
@@ -39,6 +46,10 @@ class TsReader {
 public:
     // fd is read until end of file and not closed. unitSize 0 detects it.
     TsReader(int fd, std::size_t unitSize = 0, std::size_t blockSize = 4u << 20);
+
+    // Bytes already read from fd (to tell what the input is), handed over
+    // before run().
+    void prime(const std::uint8_t* data, std::size_t size);
 
     // Runs the whole input through demux. progress (if set) is called with
     // the bytes read so far after every block. Returns false with error()

@@ -2,6 +2,7 @@
 // of a file of sections) with the section library and prints them.
 #include <cerrno>
 #include <chrono>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -73,10 +74,11 @@ bool parsePid(const std::string& text, std::uint16_t& pid)
     return true;
 }
 
-bool readAll(int fd, std::vector<std::uint8_t>& data, std::string& error)
+// Reads until the end of the input, or until data holds at least limit bytes.
+bool readAll(int fd, std::vector<std::uint8_t>& data, std::string& error, std::size_t limit = SIZE_MAX)
 {
     std::uint8_t block[1 << 16];
-    for (;;) {
+    while (data.size() < limit) {
         const ssize_t got = ::read(fd, block, sizeof block);
         if (got < 0) {
             if (errno == EINTR)
@@ -88,7 +90,11 @@ bool readAll(int fd, std::vector<std::uint8_t>& data, std::string& error)
             return true;
         data.insert(data.end(), block, block + got);
     }
+    return true;
 }
+
+// Bytes enough to tell a transport stream from a file of sections.
+constexpr std::size_t kProbeBytes = 64 * 1024;
 
 } // namespace
 
@@ -115,7 +121,16 @@ int main(int argc, char** argv)
     std::vector<std::string> tableArguments;
 
     app.add_option("input", input, "Transport stream file, or - for standard input")->required();
-    app.add_flag("--sections", sections, "The input is a file of sections placed back to back, each from its table_id");
+    app.add_flag("--sections", sections,
+                 "The input is a file of sections placed back to back, each from its table_id (recognised without "
+                 "this flag when the input is not a transport stream)");
+    app.add_flag("--all-pids", options.allPids,
+                 "Also decode sections on PIDs no table announces, with the class for their table_id (they are "
+                 "counted as unannounced otherwise)");
+    app.add_option("--tz", options.timeZone,
+                   "Time zone of the TOT time: JST or UTC (by default JST on Japanese networks, UTC otherwise, from "
+                   "the original_network_id seen)")
+        ->check(CLI::IsMember({"JST", "UTC"}));
     app.add_flag("--json", options.json, "Write one JSON object per table per line (the summary is the last line)");
     app.add_flag("-a,--all", options.all,
                  "Print every section: no previous table is handed to the parser, so unchanged versions print again");
@@ -166,11 +181,20 @@ int main(int argc, char** argv)
     int status = 0;
     {
         Dumper dumper(options, stdout);
-        if (sections) {
-            std::vector<std::uint8_t> data;
-            std::string error;
-            if (!readAll(fd, data, error))
+        // The start of the input tells what it is: a transport stream when
+        // sync bytes repeat, else a file of sections when it reads as one.
+        std::vector<std::uint8_t> data;
+        std::string error;
+        if (!readAll(fd, data, error, sections ? SIZE_MAX : kProbeBytes))
+            return fail(input, error);
+        const bool complete = data.size() < kProbeBytes;
+        if (!sections && packetSize == 0 && detectPacketFormat(data.data(), data.size()).unitSize == 0 &&
+            looksLikeSections(data.data(), data.size(), complete)) {
+            sections = true;
+            if (!complete && !readAll(fd, data, error))
                 return fail(input, error);
+        }
+        if (sections) {
             bytes = data.size();
             if (data.empty())
                 return fail(input, "the input is empty");
@@ -183,6 +207,7 @@ int main(int argc, char** argv)
             SectionDemux demux(dumper);
             dumper.attach(demux);
             TsReader reader(fd, packetSize);
+            reader.prime(data.data(), data.size());
             bool ok;
             {
                 Progress progress(!noProgress, total);

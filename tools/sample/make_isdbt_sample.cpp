@@ -192,9 +192,10 @@ Bytes oneSegPmt()
     Bytes body;
     put16(body, 0xE000 | kOneSegVideoPid);
     append(body, loop({}));
-    // H.264 Baseline level 1.3 and AAC audio.
+    // H.264 Baseline level 1.3 and AAC audio (HE-AAC level 2 in an MPEG-4
+    // audio descriptor, which the library does not decode).
     append(body, stream(0x1B, kOneSegVideoPid, {0x52, 0x01, 0x81, 0x28, 0x04, 0x42, 0xC0, 0x0D, 0x3F}));
-    append(body, stream(0x0F, kOneSegAudioPid, {0x52, 0x01, 0x83}));
+    append(body, stream(0x0F, kOneSegAudioPid, {0x52, 0x01, 0x83, 0x1C, 0x01, 0x2C}));
     return longSection(0x02, kOneSeg, 0, body);
 }
 
@@ -633,9 +634,13 @@ int main(int argc, char** argv)
     std::uint32_t seed = 0x2545F491u;
 
     for (unsigned long cycle = 0; cycle < cycles; ++cycle) {
+        // The stream starts with the one-seg PMT, before the PAT announces its PID.
+        if (cycle == 0)
+            oneSegPmtPid.send(writer, oneSegPmtSection);
         patPid.send(writer, patSection);
         fullSegPmtPid.send(writer, fullSegPmtSection);
-        oneSegPmtPid.send(writer, oneSegPmtSection);
+        if (cycle != 0)
+            oneSegPmtPid.send(writer, oneSegPmtSection);
         nitPid.send(writer, nitSection);
         sdtPid.send(writer, sdtSections[cycle >= 2 ? 1 : 0]);
         totPid.send(writer, tot(static_cast<unsigned>(15 * 3600 + 30 * 60 + cycle)));

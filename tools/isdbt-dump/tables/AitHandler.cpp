@@ -76,7 +76,7 @@ protected:
                 out.hex("organisation_id", identifier->getOrganizationID(), 8);
                 out.hex("application_id", identifier->getApplicationID(), 4);
             }
-            out.label("hash_id", application->getHashID());
+            out.label("hash_id_text", application->getHashID());
             out.named("application_control_code", application->getControlCode(), 2,
                       applicationControlCodeName(application->getControlCode()));
             printApplicationDescriptorsOf(*application, "descriptors", out);

@@ -24,7 +24,7 @@ void application(const TApplicationDescriptor& d, TreeOut& out)
             continue;
         beginKeyedItem(out, "profile", key, 4);
         out.hex("application_profile", profile->getApplicationProfile(), 4);
-        out.label("version", std::to_string(profile->getVersionMajor()) + "." +
+        out.label("version_text", std::to_string(profile->getVersionMajor()) + "." +
                                  std::to_string(profile->getVersionMinor()) + "." +
                                  std::to_string(profile->getVersionMicro()));
         out.end();
@@ -35,7 +35,7 @@ void application(const TApplicationDescriptor& d, TreeOut& out)
     out.number("application_priority", d.getApplicationPriority());
     out.beginList("transport_protocol_labels");
     for (unsigned i = 0; d.getTransportProtocols() && i < d.getTransportProtocolsCount(); ++i)
-        out.value(hexText(d.getTransportProtocols()[i], 2));
+        out.hexValue(d.getTransportProtocols()[i], 2);
     out.end();
 }
 
@@ -181,15 +181,7 @@ bool printFields(const TISDBTDescriptor& descriptor, TreeOut& out)
 
 void printApplicationDescriptor(const TISDBTDescriptor& descriptor, TreeOut& out)
 {
-    const U8 tag = descriptor.getDescriptorTag();
-    const char* name = applicationDescriptorTagName(tag);
-    char title[64];
-    std::snprintf(title, sizeof title, "descriptor 0x%02X%s%s", tag, name ? " " : "", name ? name : "");
-    out.beginItem(title);
-    out.named("descriptor_tag", tag, 2, name);
-    if (!printFields(descriptor, out))
-        out.bytes("data", descriptor.getData(), descriptor.getDataLength());
-    out.end();
+    printDescriptor(descriptor, out, applicationDescriptorTagName, printFields);
 }
 
 } // namespace VuroTools

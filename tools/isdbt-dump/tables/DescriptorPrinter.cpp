@@ -37,25 +37,57 @@ bool printFields(const TISDBTDescriptor& descriptor, TreeOut& out)
     return false;
 }
 
+PrintedDescriptors* g_printed = nullptr;
+
 } // namespace
+
+PrintedDescriptors::PrintedDescriptors() : m_outer(g_printed) { g_printed = this; }
+
+PrintedDescriptors::~PrintedDescriptors() { g_printed = m_outer; }
+
+bool PrintedDescriptors::contains(const U8* data) const
+{
+    for (const U8* printed : m_data)
+        if (printed == data)
+            return true;
+    return false;
+}
+
+void PrintedDescriptors::addSpan(const U8* begin, const U8* end) { m_spans.emplace_back(begin, end); }
+
+const U8* PrintedDescriptors::spanEnd(const U8* data)
+{
+    for (const PrintedDescriptors* printed = g_printed; printed; printed = printed->m_outer)
+        for (const auto& span : printed->m_spans)
+            if (data >= span.first && data < span.second)
+                return span.second;
+    return nullptr;
+}
+
+void PrintedDescriptors::note(const TISDBTDescriptor& descriptor)
+{
+    if (g_printed)
+        g_printed->m_data.push_back(descriptor.getData());
+}
 
 void printIds(const char* key, const U16* ids, unsigned count, TreeOut& out)
 {
     out.beginList(key);
     for (unsigned i = 0; ids && i < count; ++i)
-        out.value(hexText(ids[i], 4));
+        out.hexValue(ids[i], 4);
     out.end();
 }
 
-void printDescriptor(const TISDBTDescriptor& descriptor, TreeOut& out)
+void printDescriptor(const TISDBTDescriptor& descriptor, TreeOut& out, TagNamer tagName, FieldPrinter fields)
 {
+    PrintedDescriptors::note(descriptor);
     const U8 tag = descriptor.getDescriptorTag();
-    const char* name = descriptorTagName(tag);
+    const char* name = tagName(tag);
     char title[64];
     std::snprintf(title, sizeof title, "descriptor 0x%02X%s%s", tag, name ? " " : "", name ? name : "");
     out.beginItem(title);
     out.named("descriptor_tag", tag, 2, name);
-    if (!printFields(descriptor, out))
+    if (!(fields ? fields : printFields)(descriptor, out))
         out.bytes("data", descriptor.getData(), descriptor.getDataLength());
     out.end();
 }

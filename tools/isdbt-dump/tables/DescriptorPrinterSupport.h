@@ -4,6 +4,7 @@
 #define VURO_TOOLS_DESCRIPTOR_PRINTER_SUPPORT_H
 
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include <VuroISDBT.h>
 
 #include "../TreeOut.h"
+#include "DescriptorPrinter.h"
 
 namespace VuroTools {
 
@@ -79,6 +81,32 @@ void printEntries(const char* key, const char* what, unsigned count, Get get, Pr
         out.end();
     }
     out.end();
+}
+
+// The body of a descriptor as broadcast (after descriptor_tag and
+// descriptor_length): what the printers decode themselves where the library
+// keeps another value on purpose. Bounded by descriptor_length and by the
+// section it lies in (or, when that is not known, the length the object
+// reports).
+struct WireBody {
+    const Vuro::U8* data = nullptr;
+    unsigned size = 0;
+    bool has(unsigned offset, unsigned count = 1) const { return offset + count <= size; }
+    unsigned u8(unsigned offset) const { return data[offset]; }
+    unsigned u16(unsigned offset) const { return static_cast<unsigned>(data[offset] << 8 | data[offset + 1]); }
+    std::uint32_t u32(unsigned offset) const { return std::uint32_t(u16(offset)) << 16 | u16(offset + 2); }
+};
+inline WireBody wireBody(const Vuro::TISDBTDescriptor& descriptor)
+{
+    WireBody body;
+    const Vuro::U8* data = descriptor.getData();
+    const Vuro::U8* end = data ? PrintedDescriptors::spanEnd(data) : nullptr;
+    const std::size_t available = end ? static_cast<std::size_t>(end - data) : descriptor.getDataLength();
+    if (!data || available < 2)
+        return body;
+    body.data = data + 2;
+    body.size = data[1] < available - 2 ? data[1] : static_cast<unsigned>(available - 2);
+    return body;
 }
 
 // transport_stream_id, original_network_id and service_id of an entry

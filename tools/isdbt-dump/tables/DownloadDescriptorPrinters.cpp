@@ -40,11 +40,12 @@ void portalUpdate(TAppPortalUpdate& update, TreeOut& out)
 {
     out.beginObject("app_portal_update");
     std::unique_ptr<std::list<TAppPortalUpdate::AppID*>> ids(update.getIds());
-    out.beginList("app_ids");
+    out.beginList("applications");
     unsigned index = 0;
     for (const TAppPortalUpdate::AppID* id : *ids) {
         out.beginItem("app " + std::to_string(index++));
-        out.label("application_id", id->id);
+        // The record keeps the 64-bit id as its decimal digits.
+        out.label("application_id_text", id->id);
         out.text("host", id->host);
         out.end();
     }

@@ -58,7 +58,7 @@ protected:
             if (sent == TStreamEventDescriptor::DESCRIPTOR_TAG_OLD)
                 out.named("stream_event_tag_sent", sent, 2, "old stream event tag");
         }
-        printDescriptorsOf(table, out);
+        printDescriptorsOf(table, out, dsmccDescriptorTagName);
     }
 };
 

@@ -2,6 +2,8 @@
 #include "../Names.h"
 #include "DescriptorPrinterSupport.h"
 
+#include <algorithm>
+
 using namespace Vuro;
 
 namespace VuroTools {
@@ -19,12 +21,26 @@ void systemManagement(const TSystemManagementDescriptor& d, TreeOut& out)
 
 void serviceList(const TServiceListDescriptor& d, TreeOut& out)
 {
+    // The library keys its entries on the two service_id bytes ORed into 8
+    // bits, so services can merge: beside each, the 16-bit ids (and types)
+    // of the entries that landed on it.
+    const WireBody wire = wireBody(d);
     out.beginList("services");
     for (U8 id : d.getServiceIDs()) {
         const TServiceListDescriptorItem* item = d.get(id);
+        std::vector<std::uint64_t> ids, types;
+        for (unsigned at = 0; wire.has(at, 3); at += 3)
+            if (static_cast<U8>(wire.u8(at) | wire.u8(at + 1)) == id) {
+                ids.push_back(wire.u16(at));
+                types.push_back(wire.u8(at + 2));
+            }
         beginKeyedItem(out, "service", id, 2);
         out.hex("service_id", item->getServiceID(), 2);
+        if (ids != std::vector<std::uint64_t>{item->getServiceID()})
+            out.wireNumbers("service_id", ids, 4);
         out.named("service_type", item->getServiceType(), 2, serviceTypeName(item->getServiceType()));
+        if (types != std::vector<std::uint64_t>{item->getServiceType()} && !types.empty())
+            out.wireNumbers("service_type", types, 2);
         out.end();
     }
     out.end();
@@ -50,7 +66,7 @@ void terrestrialDelivery(const TTerrestrialDeliverySystemDescriptor& d, TreeOut&
         const unsigned frequency = d.getFrequencies()[i];
         char text[48];
         std::snprintf(text, sizeof text, "%s (%.6f MHz)", hexText(frequency, 4).c_str(), frequency / 7.0);
-        out.value(text);
+        out.measureValue((static_cast<std::int64_t>(frequency) * 1000000 + 3) / 7, text); // in Hz
     }
     out.end();
 }
@@ -93,17 +109,34 @@ void tsInformation(const TTSInformationDescriptor& d, TreeOut& out)
                  [&d](unsigned i) { return d.getTransmissionType(static_cast<U8>(i)); }, transmissionType, out);
 }
 
+// local_time_offset of a 13-byte entry in seconds: hours and minutes in BCD.
+unsigned wireOffsetSeconds(const WireBody& wire, unsigned at)
+{
+    auto bcd = [&wire](unsigned offset) { return (wire.u8(offset) >> 4) * 10 + (wire.u8(offset) & 0x0F); };
+    return bcd(at + 4) * 3600 + bcd(at + 5) * 60;
+}
+
 void localTimeOffset(const TLocalTimeOffsetDescriptor& d, TreeOut& out)
 {
+    const WireBody wire = wireBody(d);
     out.beginList("countries");
     for (const std::string& code : d.getCountryCodes()) {
         const TLocalTimeOffsetDescriptorItem* item = d.get(code);
+        // The entry the item came from: the last one of its country.
+        int entry = -1;
+        for (unsigned at = 0; wire.has(at, 13); at += 13)
+            if (code.size() >= 3 && std::equal(code.begin(), code.begin() + 3, wire.data + at))
+                entry = static_cast<int>(at);
         out.beginItem(code);
         out.text("country_code", item->getCountryCode());
         out.number("country_region_id", item->getCountryRegionID());
         out.named("local_time_offset_polarity", item->getLocalTimeOffsetPolarity(), 1,
                   item->getLocalTimeOffsetPolarity() ? "behind UTC" : "ahead of UTC");
         out.number("local_time_offset_seconds", item->getLocalTimeOffset());
+        // The library weighs each BCD tens digit as 160 and keeps 16 bits.
+        if (entry >= 0)
+            wireIfDiffers(out, "local_time_offset_seconds", item->getLocalTimeOffset(),
+                          wireOffsetSeconds(wire, static_cast<unsigned>(entry)), 0);
         out.end();
     }
     out.end();

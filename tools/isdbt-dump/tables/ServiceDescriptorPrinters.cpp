@@ -53,7 +53,7 @@ void mosaicCell(const TMosaicDescriptorCell& cell, TreeOut& out)
     out.number("elementary_cell_field_length", cell.getElementaryCellFieldLength());
     out.beginList("elementary_cell_ids");
     for (unsigned i = 0; cell.getElementaryCellIDs() && i < cell.getElementaryCellFieldLength(); ++i)
-        out.value(std::to_string(cell.getElementaryCellIDs()[i]));
+        out.hexValue(cell.getElementaryCellIDs()[i], 2);
     out.end();
     const U8 linkage = cell.getCellLinkageInfo();
     out.named("cell_linkage_info", linkage, 2, nameIn(kLinkages, linkage));
@@ -70,10 +70,18 @@ void mosaic(const TMosaicDescriptor& d, TreeOut& out)
 {
     // The cell counts are carried as count - 1. mosaic_entry_point is not
     // decoded by the library, so it is not shown.
+    // The library reads each 3-bit count with a 2-bit mask.
+    const WireBody wire = wireBody(d);
+    const unsigned counts = wire.has(0) ? wire.u8(0) : 0;
     out.named("number_of_horizontal_elementary_cells", d.getNumberOfHorizontalCells(), 1,
               std::to_string(d.getNumberOfHorizontalCells() + 1).c_str());
+    if (wire.has(0) && ((counts >> 4) & 0x07) != d.getNumberOfHorizontalCells())
+        out.wireNamed("number_of_horizontal_elementary_cells", (counts >> 4) & 0x07, 1,
+                      std::to_string(((counts >> 4) & 0x07) + 1).c_str());
     out.named("number_of_vertical_elementary_cells", d.getNumberOfVerticalCells(), 1,
               std::to_string(d.getNumberOfVerticalCells() + 1).c_str());
+    if (wire.has(0) && (counts & 0x07) != d.getNumberOfVerticalCells())
+        out.wireNamed("number_of_vertical_elementary_cells", counts & 0x07, 1, std::to_string((counts & 0x07) + 1).c_str());
     printEntries("logical_cells", "cell", d.size(), [&d](unsigned i) { return d.getCell(i); }, mosaicCell, out);
 }
 
@@ -112,16 +120,33 @@ void shortEvent(const TShortEventDescriptor& d, TreeOut& out)
 void audioComponent(const TAudioComponentDescriptor& d, TreeOut& out)
 {
     // As the library maps the bytes: from component_tag on, each field is
-    // taken from the byte before its broadcast position, so the values are
-    // shown under the library's names and not given broadcast meanings.
+    // taken from the byte before its broadcast position; beside each, the
+    // value at its broadcast position.
+    const WireBody wire = wireBody(d);
     out.hex("stream_content", d.getStreamContent(), 1);
     out.hex("component_type", d.getComponentType(), 2);
+    if (wire.has(2))
+        out.wireOnly("component_tag", wire.u8(2), 2);
     out.hex("stream_type", d.getStreamType(), 2);
+    if (wire.has(3))
+        wireIfDiffers(out, "stream_type", d.getStreamType(), wire.u8(3), 2);
     out.hex("simulcast_group", d.getSimulcastGroup(), 2);
+    if (wire.has(4))
+        wireIfDiffers(out, "simulcast_group", d.getSimulcastGroup(), wire.u8(4), 2);
+    const bool flags = wire.has(5);
+    const unsigned wireFlags = flags ? wire.u8(5) : 0;
     out.number("ES_multi_lingual", d.getEsMultiLingual());
+    if (flags)
+        wireIfDiffers(out, "ES_multi_lingual", d.getEsMultiLingual(), wireFlags >> 7, 0);
     out.number("main_component", d.getMainComponent());
+    if (flags)
+        wireIfDiffers(out, "main_component", d.getMainComponent(), (wireFlags >> 6) & 0x01, 0);
     out.number("quality_indicator", d.getQualityIndicator());
+    if (flags)
+        wireIfDiffers(out, "quality_indicator", d.getQualityIndicator(), (wireFlags >> 4) & 0x03, 0);
     out.number("sampling_rate", d.getSamplingRate());
+    if (flags)
+        wireIfDiffers(out, "sampling_rate", d.getSamplingRate(), (wireFlags >> 1) & 0x07, 0);
     out.text("ISO_639_language_code", d.getLanguageCode1());
     if (d.getEsMultiLingual())
         out.text("ISO_639_language_code_2", d.getLanguageCode2());

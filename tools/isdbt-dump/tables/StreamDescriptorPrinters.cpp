@@ -2,6 +2,8 @@
 // SDT services, EIT events).
 #include "DescriptorPrinterSupport.h"
 
+#include <algorithm>
+
 using namespace Vuro;
 
 namespace VuroTools {
@@ -17,18 +19,33 @@ void contentAvailability(const TContentAvailabilityDescriptor& d, TreeOut& out)
 {
     static const char* const kRetention[] = {"no limit", "1 week", "2 days",  "1 day",
                                              "12 hours", "6 hours", "3 hours", "1.5 hours"};
-    // The three flags as the library reports them: set when their bit is clear.
+    // The three flags as the library reports them (set when their bit is
+    // clear), each with the bit the bytes carry.
+    const WireBody wire = wireBody(d);
+    const unsigned bits = wire.has(0) ? wire.u8(0) : 0;
     out.flag("image_constraint_token", d.isImageConstraintToken() != 0);
+    if (wire.has(0))
+        wireFlagIfDiffers(out, "image_constraint_token", d.isImageConstraintToken() != 0, (bits & 0x20) != 0);
     out.flag("retention_mode", d.isRetentionMode() != 0);
+    if (wire.has(0))
+        wireFlagIfDiffers(out, "retention_mode", d.isRetentionMode() != 0, (bits & 0x10) != 0);
     out.named("retention_state", d.getRetentionState(), 1, nameIn(kRetention, d.getRetentionState()));
     out.flag("encryption_mode", d.isEncryptionMode() != 0);
+    if (wire.has(0))
+        wireFlagIfDiffers(out, "encryption_mode", d.isEncryptionMode() != 0, (bits & 0x01) != 0);
 }
 
 void copyright(const TCopyrightDescriptor& d, TreeOut& out)
 {
-    // Decoded by the library with the hierarchical transmission layout.
+    // Decoded by the library with the hierarchical transmission layout; the
+    // bytes carry copyright_identifier and additional information.
     out.number("hierarchical_level", d.getHierarchicalLevel());
+    out.wireAbsent("hierarchical_level");
     out.hex("reference_PID", d.getReferencePID(), 4);
+    out.wireAbsent("reference_PID");
+    const WireBody wire = wireBody(d);
+    if (wire.has(0, 4))
+        out.wireOnly("copyright_identifier", wire.u32(0), 8);
 }
 
 void streamIdentifier(const TStreamIdentifierDescriptor& d, TreeOut& out)
@@ -76,6 +93,13 @@ void videoDecodeControl(const TVideoDecodeControlDescriptor& d, TreeOut& out)
     out.flag("still_picture_flag", d.isStillPicture() != 0);
     out.flag("sequence_end_code_flag", d.isSequenceEndCode() != 0);
     out.named("video_encode_format", d.getVideoEncodeFormat(), 1, nameIn(kFormats, d.getVideoEncodeFormat()));
+    // The library masks the format with 0x2C, dropping its bit 0x10.
+    const WireBody wire = wireBody(d);
+    if (wire.has(0)) {
+        const unsigned format = (wire.u8(0) & 0x3C) >> 2;
+        if (format != d.getVideoEncodeFormat())
+            out.wireNamed("video_encode_format", format, 1, nameIn(kFormats, format));
+    }
 }
 
 void conditionalPlayback(const TConditionalPlaybackDescriptor& d, TreeOut& out)
@@ -108,22 +132,79 @@ void avcVideo(const TAVCVideoDescriptor& d, TreeOut& out)
     out.flag("AVC_24_hour_picture_flag", d.isAVC24HourPicture() != 0);
 }
 
+// The fields the bytes carry after the first flag byte: 90kHz_flag, N and K
+// when it is clear, num_units_in_tick, then the three closing flags.
+struct WireAvcTiming {
+    bool complete = false;
+    bool has90kHz = false;
+    bool hasNK = false;
+    std::uint32_t n = 0, k = 0, unitsInTick = 0;
+    unsigned closingFlags = 0;
+};
+
+WireAvcTiming wireAvcTiming(const WireBody& wire)
+{
+    WireAvcTiming timing;
+    if (!wire.has(0))
+        return timing;
+    unsigned at = 1;
+    if (wire.u8(0) & 0x01) {
+        if (!wire.has(at))
+            return timing;
+        timing.has90kHz = (wire.u8(at++) & 0x80) != 0;
+        timing.hasNK = !timing.has90kHz;
+        if (timing.hasNK) {
+            if (!wire.has(at, 8))
+                return timing;
+            timing.n = wire.u32(at);
+            timing.k = wire.u32(at + 4);
+            at += 8;
+        }
+        if (!wire.has(at, 4))
+            return timing;
+        timing.unitsInTick = wire.u32(at);
+        at += 4;
+    }
+    if (!wire.has(at))
+        return timing;
+    timing.closingFlags = wire.u8(at);
+    timing.complete = true;
+    return timing;
+}
+
 void avcTimingAndHrd(const TAVCTimingAndHRDDescriptor& d, TreeOut& out)
 {
+    // The library reads N and K when 90kHz_flag is set (the bytes carry them
+    // when it is clear) and the closing flags from num_units_in_tick's first
+    // byte: beside each value, what the bytes carry.
+    const WireAvcTiming wire = wireAvcTiming(wireBody(d));
     out.flag("hrd_management_valid_flag", d.isHRDManagementValid() != 0);
     out.flag("picture_and_timing_info_present", d.isPictTimingInfoPresent() != 0);
     if (d.isPictTimingInfoPresent()) {
         out.flag("90kHz_flag", d.is90kHz() != 0);
-        // The library reads N and K when its 90kHz flag is set.
         if (d.is90kHz()) {
             out.number("N", d.getN());
+            out.wireAbsent("N");
             out.number("K", d.getK());
+            out.wireAbsent("K");
+        } else if (wire.hasNK && wire.complete) {
+            out.wireOnly("N", wire.n, 0);
+            out.wireOnly("K", wire.k, 0);
         }
         out.number("num_units_in_tick", d.getNumUnitsInTick());
+        if (wire.complete)
+            wireIfDiffers(out, "num_units_in_tick", d.getNumUnitsInTick(), wire.unitsInTick, 0);
     }
     out.flag("fixed_frame_rate_flag", d.isFixedFrameRate() != 0);
+    if (wire.complete)
+        wireFlagIfDiffers(out, "fixed_frame_rate_flag", d.isFixedFrameRate() != 0, (wire.closingFlags & 0x80) != 0);
     out.flag("temporal_poc_flag", d.isTemporalPOC() != 0);
+    if (wire.complete)
+        wireFlagIfDiffers(out, "temporal_poc_flag", d.isTemporalPOC() != 0, (wire.closingFlags & 0x40) != 0);
     out.flag("picture_to_display_conversion_flag", d.isPict2DisplayConv() != 0);
+    if (wire.complete)
+        wireFlagIfDiffers(out, "picture_to_display_conversion_flag", d.isPict2DisplayConv() != 0,
+                          (wire.closingFlags & 0x20) != 0);
 }
 
 const char* aacProfileName(U8 profile)
@@ -183,8 +264,9 @@ void logoTransmission(const TLogoTransmissionDescriptor& d, TreeOut& out)
 }
 
 // The copy-control fields the descriptor and each of its component entries carry.
+// wireFlags: the flag byte as broadcast, when the entry's bytes are known.
 template <class Control>
-void copyControl(const Control& control, TreeOut& out)
+void copyControl(const Control& control, TreeOut& out, int wireFlags = -1)
 {
     static const char* const kRecording[] = {"copying without restriction", "defined by the service provider",
                                              "one generation copy", "copying prohibited"};
@@ -193,19 +275,48 @@ void copyControl(const Control& control, TreeOut& out)
     out.flag("maximum_bitrate_flag", control.hasMaximumBitrate() != 0);
     out.hex("copy_control_type", control.getCopyControlType(), 1);
     out.hex("APS_control_data", control.getAPSControlData(), 1);
+    // The library reads APS_control_data only when copy_control_type is not 0.
+    if (wireFlags >= 0)
+        wireIfDiffers(out, "APS_control_data", control.getAPSControlData(), unsigned(wireFlags) & 0x03, 1);
     // In units of 1/4 Mbit/s.
     if (control.hasMaximumBitrate())
         out.number("maximum_bitrate", control.getMaximumBitrate());
 }
 
+// The entries the items are read from take no extra argument.
+void copyControlItem(const TDigitalCopyControlDescriptorItem& item, TreeOut& out) { copyControl(item, out); }
+
 void digitalCopyControl(const TDigitalCopyControlDescriptor& d, TreeOut& out)
 {
-    copyControl(d, out);
+    const WireBody wire = wireBody(d);
+    copyControl(d, out, wire.has(0) ? int(wire.u8(0)) : -1);
     out.flag("component_control_flag", d.hasComponentControl() != 0);
-    // The library reads no component_tag in the entries (it stays 0), so
-    // each entry shows the copy-control fields it does read.
+    // The library reads the entries from their component_tag byte on (it
+    // takes the tag for the flags), so each entry shows what it read; the
+    // entries as the bytes carry them follow.
     printEntries("components", "component", d.size(), [&d](unsigned i) { return d.get(i); },
-                 copyControl<TDigitalCopyControlDescriptorItem>, out);
+                 copyControlItem, out);
+    if (!d.hasComponentControl() || !wire.has(0))
+        return;
+    unsigned at = (wire.u8(0) & 0x20) ? 2 : 1; // flags, then maximum_bitrate when flagged
+    if (!wire.has(at))
+        return;
+    const unsigned end = std::min(wire.size, at + 1 + wire.u8(at));
+    out.beginList("components_wire");
+    for (at += 1; at + 2 <= end;) {
+        const unsigned flags = wire.u8(at + 1);
+        out.beginItem("component " + hexText(wire.u8(at), 2));
+        out.hex("component_tag", wire.u8(at), 2);
+        out.hex("digital_recording_control_data", flags >> 6, 1);
+        out.flag("maximum_bitrate_flag", (flags & 0x20) != 0);
+        out.hex("copy_control_type", (flags >> 2) & 0x03, 1);
+        out.hex("APS_control_data", flags & 0x03, 1);
+        at += 2;
+        if ((flags & 0x20) && at < end)
+            out.number("maximum_bitrate", wire.u8(at++));
+        out.end();
+    }
+    out.end();
 }
 
 void carouselCompatibleComposite(const TCarouselCompatibleCompositeDescriptor& d, TreeOut& out)

@@ -1,6 +1,7 @@
 #include "TableHandlers.h"
 
 #include "../Names.h"
+#include "DescriptorPrinter.h"
 
 using namespace Vuro;
 
@@ -35,6 +36,7 @@ void printVersionedHeader(const TISDBTVersionedTable& table, const char* extensi
 
 void printRawDescriptor(const TISDBTDescriptor& descriptor, TreeOut& out)
 {
+    PrintedDescriptors::note(descriptor);
     out.named("tag", descriptor.getDescriptorTag(), 2, descriptorTagName(descriptor.getDescriptorTag()));
     out.bytes("data", descriptor.getData(), descriptor.getDataLength());
 }

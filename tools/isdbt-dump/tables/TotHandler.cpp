@@ -1,4 +1,7 @@
-// Time offset table: UTC time and the local time offsets per country.
+// Time offset table: the network's time and the local time offsets per
+// country. The time field is UTC_time in the Brazilian syntax and JST_time on
+// Japanese networks; the library decodes it alike (MJD and BCD as they
+// stand), so the dump only names the zone the value is in.
 #include <ctime>
 
 #include "DescriptorPrinter.h"
@@ -20,15 +23,29 @@ protected:
         return TTOTTable::parse(section, length, TRUE, TRUE, errorCode, previous);
     }
 
-    void printTable(const TTOTTable& tot, TreeOut& out) const override
+    void printTable(const TTOTTable& tot, TreeOut& out) const override { printTableIn(tot, PrintContext(), out); }
+
+    void printTableIn(const TTOTTable& tot, const PrintContext& context, TreeOut& out) const override
     {
-        out.number("utc_time", tot.getUnixTime());
+        out.number("time", tot.getUnixTime());
         const std::time_t seconds = tot.getUnixTime();
-        std::tm utc {};
+        std::tm fields {};
         char text[32] = "";
-        if (gmtime_r(&seconds, &utc))
-            std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S UTC", &utc);
-        out.label("utc_time_text", text);
+        if (gmtime_r(&seconds, &fields))
+            std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S ", &fields);
+        // Before any network is seen, a local time offset for Japan tells.
+        const char* zone = context.timeZone;
+        const char* from = context.timeZoneSource;
+        const auto* offsets = dynamic_cast<const TLocalTimeOffsetDescriptor*>(tot.getDescriptor(0x58));
+        if (!context.timeZoneDecided && offsets)
+            for (const std::string& code : offsets->getCountryCodes())
+                if (code.compare(0, 3, "JPN") == 0) {
+                    zone = "JST";
+                    from = "country_code JPN";
+                }
+        out.label("time_text", std::string(text) + zone);
+        out.label("time_zone", zone);
+        out.label("time_zone_from", from);
         printDescriptorsOf(tot, out);
     }
 };
