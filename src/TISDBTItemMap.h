@@ -8,9 +8,9 @@
 
 namespace Vuro {
 
-// Owned items keyed by their identifier (service id, program number, country
-// code ...), in ascending key order. Shared storage of item-list descriptors
-// and of tables whose loop entries are keyed.
+/// Owned items keyed by their identifier (service id, program number, country
+/// code ...), in ascending key order. Shared storage of item-list descriptors
+/// and of tables whose loop entries are keyed.
 template <class Key, class Item>
 class TISDBTItemMap {
 public:

@@ -5,7 +5,7 @@
 
 namespace Vuro {
 
-// One program of a PAT: program_number and its program map PID.
+/// One program of a PAT: program_number and its program map PID.
 class TProgramAssociation {
 public:
     TProgramAssociation(U16 programNumber, U16 programMapPid);

@@ -11,12 +11,12 @@ namespace Vuro {
 
 class TSDTTTable;
 
-// One content of a software download trigger section: group (4)
-// target_version (12) new_version (12) download_level (2)
-// version_indicator (2) content_description_length (12) reserved (4)
-// schedule_description_length (12) schedule_timeshift_information (4), the
-// schedule periods, then the descriptors (content_description_length covers
-// both). The entry owns its periods and its download content descriptor.
+/// One content of a software download trigger section: group (4)
+/// target_version (12) new_version (12) download_level (2)
+/// version_indicator (2) content_description_length (12) reserved (4)
+/// schedule_description_length (12) schedule_timeshift_information (4), the
+/// schedule periods, then the descriptors (content_description_length covers
+/// both). The entry owns its periods and its download content descriptor.
 class TDownloadContent {
 public:
     TDownloadContent();
@@ -24,15 +24,15 @@ public:
     TDownloadContent& operator=(const TDownloadContent&) = delete;
     virtual ~TDownloadContent();
 
-    // parseDescriptors has no effect. *itemLength receives the bytes the
-    // entry walked. Descriptors keep pointing into sectionData.
+    /// parseDescriptors has no effect. *itemLength receives the bytes the
+    /// entry walked. Descriptors keep pointing into sectionData.
     static TDownloadContent* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                    U16* errorCode);
     static TDownloadContent* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                    U16* errorCode, const U8* limit);
 
-    // The table the entry belongs to; null unless a caller set it (the
-    // table's parse links nothing).
+    /// The table the entry belongs to; null unless a caller set it (the
+    /// table's parse links nothing).
     void setParentSDTTTable(TSDTTTable* table) { m_pParentSDTTTable = table; }
     TSDTTTable* getParentSDTTTable() const { return m_pParentSDTTTable; }
 
@@ -42,21 +42,21 @@ public:
     U8 getDownloadLevel() const { return m_iDownloadLevel; }
     U8 getVersionIndicator() const { return m_iVersionIndicator; }
     U16 getScheduleTimeShiftInfo() const { return m_iScheduleTimeShiftInfo; }
-    // Null when the entry carries none.
+    /// Null when the entry carries none.
     TDownloadContentDescriptor* getDownloadContentDescriptor() const { return m_pDownloadContentDesc; }
 
-    // The download content descriptor for tag 0xC9, else null.
+    /// The download content descriptor for tag 0xC9, else null.
     TISDBTDescriptor* getDescriptor(U8 tag) const;
-    // 0xC9 when the entry has that descriptor, else empty.
+    /// 0xC9 when the entry has that descriptor, else empty.
     std::list<U8> getDescriptorTags() const;
 
-    // Schedule periods by 0-based position in section order; null / FALSE
-    // past the end.
+    /// Schedule periods by 0-based position in section order; null / FALSE
+    /// past the end.
     U32 getScheduleInfoSize() const { return m_pItems.size(); }
     TScheduleInfo* getScheduleInfo(U8 index) const { return m_pItems.get(index); }
-    // Appends; the entry takes ownership.
+    /// Appends; the entry takes ownership.
     void addScheduleInfo(TScheduleInfo* info) { m_pItems.add(info); }
-    // Unlinks and deletes the period.
+    /// Unlinks and deletes the period.
     BOOL removeScheduleInfo(U8 index) { return m_pItems.remove(index); }
 
 private:
