@@ -91,4 +91,10 @@
 #include "tot/TTOTTable.h"
 // (end of time offset table)
 
+// Event information table and programme guide record
+#include "eit/EpgItem.h"
+#include "eit/TEITTable.h"
+#include "eit/TEventItemDescriptor.h"
+// (end of event information table)
+
 #endif
