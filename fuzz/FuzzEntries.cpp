@@ -54,7 +54,8 @@ std::vector<Entry> build()
 {
     std::vector<Entry> all = foundation();
     for (std::vector<Entry> family :
-         {networkEntries(), serviceEventEntries(), streamEntries(), programMapEntries(), serviceTimeEntries()})
+         {networkEntries(), serviceEventEntries(), streamEntries(), programMapEntries(), serviceTimeEntries(),
+          eventEntries()})
         all.insert(all.end(), family.begin(), family.end());
     return all;
 }

@@ -28,6 +28,7 @@ std::vector<Entry> serviceEventEntries();     // service and event descriptors
 std::vector<Entry> streamEntries();           // stream and content-protection descriptors
 std::vector<Entry> programMapEntries();       // PMT and its entries
 std::vector<Entry> serviceTimeEntries();      // SDT, TOT and their descriptors
+std::vector<Entry> eventEntries();            // EIT, its events, the programme guide record
 // Index of the entry with that name (the selector byte of its seeds); -1 if none.
 int entryIndex(const std::string& name);
 

@@ -19,6 +19,7 @@ std::vector<Seed> serviceEventSeeds();
 std::vector<Seed> streamSeeds();
 std::vector<Seed> programMapSeeds();
 std::vector<Seed> serviceTimeSeeds();
+std::vector<Seed> eventSeeds();
 
 std::vector<Seed> allSeeds();
 

@@ -27,7 +27,8 @@ std::vector<Seed> allSeeds()
 {
     std::vector<Seed> all;
     for (std::vector<Seed> family :
-         {foundationSeeds(), networkSeeds(), serviceEventSeeds(), streamSeeds(), programMapSeeds(), serviceTimeSeeds()})
+         {foundationSeeds(), networkSeeds(), serviceEventSeeds(), streamSeeds(), programMapSeeds(), serviceTimeSeeds(),
+          eventSeeds()})
         all.insert(all.end(), family.begin(), family.end());
     return all;
 }
