@@ -55,6 +55,7 @@ public:
     // The table's own list of event ids, ascending; valid until the next
     // addItem or the table's destruction.
     std::list<U16>& getEventsIDs() { return *m_pServiceIds; }
+    const std::list<U16>& getEventsIDs() const { return *m_pServiceIds; }
     // Null when absent.
     TEventItemDescriptor* getEvent(U16 eventId) const { return events.get(eventId); }
     // A caller's add under the item's event_id: an event already stored under

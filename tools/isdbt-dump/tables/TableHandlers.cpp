@@ -12,8 +12,9 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makePatHandler());
     handlers.push_back(makePmtHandler());
     handlers.push_back(makeNitHandler());
-    handlers.push_back(makeSdtHandler());
-    handlers.push_back(makeTotHandler());
+    handlers.push_back(feedingGuide(makeSdtHandler()));
+    handlers.push_back(feedingGuide(makeTotHandler()));
+    handlers.push_back(makeEitHandler());
     // A table whose class is not listed here is counted as "not decoded".
     return handlers;
 }

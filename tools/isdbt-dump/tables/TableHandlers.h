@@ -13,6 +13,9 @@ std::unique_ptr<TableHandler> makePmtHandler();
 std::unique_ptr<TableHandler> makeNitHandler();
 std::unique_ptr<TableHandler> makeSdtHandler();
 std::unique_ptr<TableHandler> makeTotHandler();
+std::unique_ptr<TableHandler> makeEitHandler();
+// The handler, also handing what it parses to the programme guide (GuideFeed.cpp).
+std::unique_ptr<TableHandler> feedingGuide(std::unique_ptr<TableHandler> handler);
 // A further table (EIT, AIT, ...) joins with a unit tables/<Table>Handler.cpp
 // deriving TableHandlerOf<T> (its parse call with the class's flag order, its
 // printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
