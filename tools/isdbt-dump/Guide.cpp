@@ -98,6 +98,14 @@ std::vector<const GuideEvent*> byStart(const GuideService& service)
 
 } // namespace
 
+Guide::Guide() { setJapaneseStream(false); }
+Guide::~Guide()
+{
+    setJapaneseStream(false);
+    if (g_active == this)
+        g_active = nullptr;
+}
+
 Guide* Guide::active() { return g_active; }
 void Guide::setActive(Guide* guide) { g_active = guide; }
 
@@ -117,6 +125,13 @@ std::string durationText(std::uint32_t seconds)
 
 const char* genreName(int level1)
 {
+    // Japanese broadcasts use the ARIB genre table.
+    static const char* const kAribGenres[] = {"news",        "sports",       "information", "drama",
+                                              "music",       "variety",      "movie",       "animation",
+                                              "documentary", "theatre",      "hobby/education", "welfare",
+                                              nullptr,       nullptr,        "extension",   "other"};
+    if (japaneseStream())
+        return level1 >= 0 && level1 < 16 ? kAribGenres[level1] : nullptr;
     static const char* const kGenres[] = {"news",        "sports",   "education", "soap opera",
                                           "mini-series", "series",   "variety",   "reality show",
                                           "information", "comedy",   "children",  "erotic",
@@ -177,7 +192,9 @@ void Guide::noteEit(const TEITTable& eit)
         const TEventItemDescriptor* event = eit.getEvent(id);
         if (!event)
             continue;
-        GuideEvent entry;
+        // Sections of the extended schedule (0x58-0x5F) carry other
+        // descriptors of the same events: what a section lacks is kept.
+        GuideEvent& entry = service.events[id];
         entry.eventId = id;
         entry.start = event->getStartTime();
         entry.duration = event->getDuration();
@@ -194,7 +211,6 @@ void Guide::noteEit(const TEITTable& eit)
         if (const auto* rating = dynamic_cast<const TParentalRatingDescriptor*>(event->getDescriptor(0x55)))
             if (rating->size() > 0 && rating->get(0))
                 entry.rating = rating->get(0)->getRating();
-        service.events[id] = entry;
         // Present/following sections: section 0 holds the present event,
         // section 1 the following one.
         if (entry.tableId == 0x4E || entry.tableId == 0x4F) {

@@ -34,8 +34,15 @@ struct GuideService {
     int following = -1;
 };
 
+// The guide of one run also makes the text coding's guess: a stream whose
+// SDT or EIT comes from a Japanese network is shown as ARIB text.
 class Guide {
 public:
+    Guide();
+    ~Guide();
+    Guide(const Guide&) = delete;
+    Guide& operator=(const Guide&) = delete;
+
     // The guide the running dump feeds (null: none is gathered).
     static Guide* active();
     static void setActive(Guide* guide);
@@ -68,7 +75,8 @@ std::string utcText(std::uint32_t seconds);
 std::string localText(std::uint32_t seconds, int offset);
 // "01:30:00"
 std::string durationText(std::uint32_t seconds);
-// Genre of content_nibble_level_1 in the Brazilian content descriptor.
+// Genre of content_nibble_level_1: the Brazilian table, or ARIB's for a
+// Japanese stream.
 const char* genreName(int level1);
 // Age of a parental rating code: "L", "10" ... "18"; null for other codes.
 const char* ratingName(int rating);

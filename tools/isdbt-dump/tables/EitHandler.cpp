@@ -6,7 +6,6 @@
 
 #include "../Guide.h"
 #include "../Names.h"
-#include "../TextCharset.h"
 #include "DescriptorPrinter.h"
 #include "TableHandlers.h"
 
@@ -46,8 +45,6 @@ public:
         TEITTable* eit = TEITTable::parse(section, length, TRUE, TRUE, errorCode, nullptr);
         if (eit && Guide::active())
             Guide::active()->note(*eit);
-        else if (eit && isJapaneseNetwork(eit->getOriginalNetworkId()))
-            setJapaneseStream(true);
         return eit;
     }
 
