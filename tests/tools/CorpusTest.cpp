@@ -133,3 +133,58 @@ TEST(CorpusTest, EverySectionIsAccountedFor)
 }
 
 } // namespace
+
+namespace {
+
+// Every event information section of the captures is parsed, except those
+// whose events carry a descriptor outside the thirteen tags an event takes:
+// the BS schedule sections (0x61) with CA contract information (0xCB).
+TEST(CorpusTest, EventSectionsAreRefusedOnlyForAnUnlistedDescriptorTag)
+{
+    const std::string dir = corpusDir();
+    if (dir.empty())
+        GTEST_SKIP() << "no corpus beside the project (set VURO_CORPUS_DIR)";
+    std::uint64_t parsed = 0, refused = 0;
+    for (const auto& entry : kSections) {
+        const std::string path = dir + "/" + entry.first;
+        std::ifstream in(path, std::ios::binary);
+        if (!in)
+            continue;
+        std::ostringstream bytes;
+        bytes << in.rdbuf();
+        std::string data = bytes.str();
+        std::FILE* out = std::fopen("/dev/null", "w");
+        DumpOptions options;
+        options.all = true;
+        Dumper dumper(options, out);
+        if (path.compare(path.size() - 4, 4, ".bin") == 0) {
+            std::string error;
+            dumper.readSections(reinterpret_cast<std::uint8_t*>(&data[0]), data.size(), error);
+        } else {
+            const int fd = ::open(path.c_str(), O_RDONLY);
+            ASSERT_GE(fd, 0);
+            SectionDemux demux(dumper);
+            dumper.attach(demux);
+            TsReader reader(fd);
+            reader.run(demux);
+            ::close(fd);
+        }
+        std::fclose(out);
+        for (const auto& counts : dumper.counts()) {
+            const unsigned tableId = counts.first & 0xFF;
+            if (tableId < 0x4E || tableId > 0x6F)
+                continue;
+            parsed += counts.second.parsed;
+            refused += counts.second.refusedTotal();
+            EXPECT_EQ(counts.second.parsed + counts.second.refusedTotal(), counts.second.seen) << entry.first;
+            for (const auto& refusal : counts.second.refused) {
+                EXPECT_EQ(tableId, 0x61u) << entry.first;
+                EXPECT_EQ(refusal.first, Vuro::TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH) << entry.first;
+            }
+        }
+    }
+    EXPECT_EQ(refused, 3u);
+    EXPECT_GE(parsed, 263u);
+}
+
+} // namespace
