@@ -212,6 +212,14 @@ TEST(DumpTest, BroadcastTextCodings)
     EXPECT_EQ(broadcastText(japanese, Charset::AUTO), "\xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(broadcastText("jpn", Charset::AUTO), "jpn");
     VuroTools::setJapaneseStream(false);
+    // Whatever the bytes, every coding yields valid UTF-8 (JSON output needs it).
+    for (unsigned first = 0; first < 256; ++first)
+        for (unsigned second = 0; second < 256; second += 5) {
+            const std::string bytes{static_cast<char>(first), static_cast<char>(second), '\x1B', '\x24',
+                                    static_cast<char>(second ^ first)};
+            for (Charset charset : {Charset::AUTO, Charset::LATIN9, Charset::ARIB, Charset::RAW})
+                EXPECT_NO_THROW(nlohmann::json(broadcastText(bytes, charset)).dump()) << first << " " << second;
+        }
     EXPECT_TRUE(VuroTools::isJapaneseNetwork(0x7FE1));
     EXPECT_FALSE(VuroTools::isJapaneseNetwork(0x02E1));
 }

@@ -85,16 +85,36 @@ std::string latin9(const std::string& bytes)
     return out;
 }
 
-// Escapes the control characters the decoder leaves in its UTF-8 output.
+// Length of the well-formed UTF-8 sequence at text[at], 0 when there is none.
+std::size_t utf8Length(const std::string& text, std::size_t at)
+{
+    const unsigned char lead = static_cast<unsigned char>(text[at]);
+    const std::size_t length = lead < 0x80 ? 1 : (lead >> 5) == 0x06 ? 2 : (lead >> 4) == 0x0E ? 3 : (lead >> 3) == 0x1E ? 4 : 0;
+    if (length == 0 || at + length > text.size())
+        return 0;
+    for (std::size_t i = 1; i < length; ++i)
+        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80)
+            return 0;
+    return length;
+}
+
+// Escapes the control characters the decoder leaves in its UTF-8 output, and
+// any byte that is not part of a well-formed sequence, so that the text is
+// always valid UTF-8 (JSON output requires it).
 std::string escapeControls(const std::string& utf8)
 {
     std::string out;
     out.reserve(utf8.size());
-    for (unsigned char c : utf8) {
-        if (c < 0x20 || c == 0x7F || c == '\\')
+    for (std::size_t at = 0; at < utf8.size();) {
+        const unsigned char c = static_cast<unsigned char>(utf8[at]);
+        const std::size_t length = utf8Length(utf8, at);
+        if (length == 0 || c < 0x20 || c == 0x7F || c == '\\') {
             escapeByte(out, c);
-        else
-            out += static_cast<char>(c);
+            ++at;
+        } else {
+            out.append(utf8, at, length);
+            at += length;
+        }
     }
     return out;
 }
