@@ -42,6 +42,16 @@ inline Bytes shortEvent()
     return descriptor(0x4D, {'p', 'o', 'r', 6, 'J', 'o', 'r', 'n', 'a', 'l', 4, 'N', 'e', 'w', 's'});
 }
 
+// One of each descriptor an event keeps besides the short event: video
+// component, content (genre 1, user byte 0x34), parental rating (BRA, 12,
+// sex and drugs), audio component (stream_content 2, language at byte 8) and
+// digital copy control.
+inline Bytes componentDescriptor() { return descriptor(0x50, {0xF5, 0xB3, 0x00, 'p', 'o', 'r', 'H', 'D'}); }
+inline Bytes contentDescriptor() { return descriptor(0x54, {0x12, 0x34}); }
+inline Bytes ratingDescriptor() { return descriptor(0x55, {'B', 'R', 'A', 0x53}); }
+inline Bytes audioDescriptor() { return descriptor(0xC4, {0xF2, 0x03, 0x10, 0x11, 0x5F, 0xB1, 'p', 'o', 'r'}); }
+inline Bytes copyControlDescriptor() { return descriptor(0xC1, {0x26, 0x50}); }
+
 } // namespace VuroTest
 
 #endif

@@ -5,7 +5,7 @@
 #include <VuroISDBT.h>
 
 #include "../support/LogCapture.h"
-#include "../support/SectionBuilder.h"
+#include "EitBytes.h"
 
 using namespace Vuro;
 using namespace VuroTest;
@@ -64,8 +64,8 @@ TEST(EpgItem, PrintItemAndDestructorLines)
         LogCapture log;
         {
             std::unique_ptr<EpgItem> item = record(c.tableId, c.section, c.status);
-            Bytes rating = descriptor(0x55, {'B', 'R', 'A', 0x53});
-            Bytes content = descriptor(0x54, {0x12, 0x34});
+            Bytes rating = ratingDescriptor();
+            Bytes content = contentDescriptor();
             item->addDescriptorData(0x55, rating.data(), static_cast<U32>(rating.size()));
             item->addDescriptorData(0x54, content.data(), static_cast<U32>(content.size()));
             item->printItem();
@@ -97,10 +97,10 @@ TEST(EpgItem, PrintItemAndDestructorLines)
 TEST(EpgItem, DescriptorsAreRebuiltFromTheStoredCopies)
 {
     std::unique_ptr<EpgItem> item = record(0x50, 0, 1);
-    Bytes content = descriptor(0x54, {0x12, 0x34});
+    Bytes content = contentDescriptor();
     Bytes later = descriptor(0x54, {0x70, 0x01});
     Bytes name = descriptor(0x4D, {'p', 'o', 'r', 0, 0});
-    Bytes rating = descriptor(0x55, {'B', 'R', 'A', 0x53});
+    Bytes rating = ratingDescriptor();
     item->addDescriptorData(0x54, content.data(), static_cast<U32>(content.size()));
     std::unique_ptr<TISDBTDescriptor> before(item->getDescriptor(0x54));
     item->addDescriptorData(0x54, later.data(), static_cast<U32>(later.size()));

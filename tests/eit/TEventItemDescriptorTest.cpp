@@ -14,12 +14,11 @@ using namespace VuroTest;
 
 namespace {
 
-const Bytes kComponent = descriptor(0x50, {0xF5, 0xB3, 0x00, 'p', 'o', 'r', 'H', 'D'});
-const Bytes kContent = descriptor(0x54, {0x12, 0x34});
-const Bytes kRating = descriptor(0x55, {'B', 'R', 'A', 0x53});
-// stream_content 2, bytes 3-6 as the audio component reads them, language at byte 8.
-const Bytes kAudio = descriptor(0xC4, {0xF2, 0x03, 0x10, 0x11, 0x5F, 0xB1, 'p', 'o', 'r'});
-const Bytes kCopyControl = descriptor(0xC1, {0x26, 0x50});
+const Bytes kComponent = componentDescriptor();
+const Bytes kContent = contentDescriptor();
+const Bytes kRating = ratingDescriptor();
+const Bytes kAudio = audioDescriptor();
+const Bytes kCopyControl = copyControlDescriptor();
 // The seven tags skipped silently.
 const Bytes kSkipped = concat({descriptor(0x42, {0xFF}), descriptor(0x4E, {0x00, 'p', 'o', 'r', 0, 0}),
                                descriptor(0xC7, {0x00}), descriptor(0xD5, {0x00}), descriptor(0xD6, {0x00}),
