@@ -188,6 +188,14 @@ TEST(EventItem, ShortEventBoundByTheRestOfTheInput)
         EXPECT_EQ(p.event->getDescriptorTags(), (std::list<U8>{0x50}));
         EXPECT_EQ(p.itemLength, kComponent.size() + shortEvent().size());
     }
+    // The same with the data ending inside the language code.
+    {
+        Bytes cut = eventEntry(4, concat({kComponent, shortEvent()}));
+        cut.resize(12 + kComponent.size() + 3);
+        ParsedEvent p(cut);
+        ASSERT_NE(p.event, nullptr);
+        EXPECT_EQ(p.event->getDescriptorTags(), (std::list<U8>{0x50}));
+    }
 }
 
 TEST(EventItem, AddDescriptorLeavesTheDisplacedOneToTheCaller)
