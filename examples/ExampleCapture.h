@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <functional>
+#include <map>
 #include <string>
 #include <unistd.h>
 
@@ -54,14 +55,24 @@ inline int readCapture(int argc, char** argv, const OnSection& onSection)
     return 0;
 }
 
-// The texts of Brazilian broadcasts are Latin-1; a terminal wants UTF-8.
-inline std::string utf8(const std::string& latin1)
+// The texts of Brazilian broadcasts are ISO 8859-15 (Latin-1 with the euro
+// sign and seven other letters at 0xA4-0xBE); a terminal wants UTF-8.
+inline std::string utf8(const std::string& latin9)
 {
+    static const std::map<unsigned char, const char*> kLatin9 = {
+        {0xA4, "\u20AC"}, {0xA6, "\u0160"}, {0xA8, "\u0161"}, {0xB4, "\u017D"},
+        {0xB8, "\u017E"}, {0xBC, "\u0152"}, {0xBD, "\u0153"}, {0xBE, "\u0178"}};
     std::string text;
-    for (unsigned char c : latin1) {
-        if (c >= 0x80)
+    for (unsigned char c : latin9) {
+        const auto other = kLatin9.find(c);
+        if (other != kLatin9.end()) {
+            text += other->second;
+        } else if (c >= 0x80) {
             text += static_cast<char>(0xC0 | c >> 6);
-        text += static_cast<char>(c < 0x80 ? c : 0x80 | (c & 0x3F));
+            text += static_cast<char>(0x80 | (c & 0x3F));
+        } else {
+            text += static_cast<char>(c);
+        }
     }
     return text;
 }

@@ -38,12 +38,15 @@ static void printApplication(const TApplication& app)
     // Descriptors an application lacks are taken from the table's common loop.
     if (const TApplicationNameDescriptor* names = app.getApplicationNameDescriptor(TRUE, nullptr))
         for (const std::string& language : names->getLanguageCodes())
-            std::printf("    name (%s): %s\n", language.c_str(), 
+            std::printf("    name (%s): %s\n", language.c_str(),
                         VuroExamples::utf8(names->get(language)->getName()).c_str());
-    if (const TGingaApplicationLocationDescriptor* location = app.getGingaApplicationLocationDescriptor(TRUE, nullptr))
+    const TGingaApplicationLocationDescriptor* location = app.getGingaApplicationLocationDescriptor(TRUE, nullptr);
+    if (location) {
+        // The Ginga-J initial class or the Ginga-NCL entry document.
+        const std::string classpath = location->getClasspathExtension();
         std::printf("    entry point: %s in %s%s%s\n", location->getInitialClass().c_str(),
-                    location->getBaseDirectory().c_str(), location->getClasspathExtension().empty() ? "" : ", classpath ",
-                    location->getClasspathExtension().c_str());
+                    location->getBaseDirectory().c_str(), classpath.empty() ? "" : ", classpath ", classpath.c_str());
+    }
     BOOL inherited = FALSE;
     if (const TTransportProtocolDescriptor* transport = app.getTransportProtocolDescriptor(TRUE, &inherited))
         std::printf("    transport: protocol_id 0x%04X, label 0x%02X%s\n", transport->getProtocolID(),

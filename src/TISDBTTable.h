@@ -38,6 +38,7 @@ public:
 
     /// Error codes written through the optional errorCode out-parameters of
     /// every parse in the library.
+    ///@{
     static constexpr VURO_U16 ERROR_OK = 0;
     static constexpr VURO_U16 ERROR_INCOMPATIBLE_TABLE_TYPE = 0x0A00;
     static constexpr VURO_U16 ERROR_TABLE_NOT_UPDATED = 0x0A01;
@@ -50,6 +51,7 @@ public:
     static constexpr VURO_U16 ERROR_INVALID_DESCRIPTOR_LENGTH = 0x0A08;
     static constexpr VURO_U16 ERROR_INVALID_STRING = 0x0A09;
     static constexpr VURO_U16 ERROR_INVALID_ITEM = 0x0A0A;
+    ///@}
 
     /// Hierarchical layers carrying a service: none, A, A+B, A+B+C.
     static constexpr VURO_U8 TX_TYPE_LAYERINVALID = 0;

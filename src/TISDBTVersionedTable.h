@@ -24,8 +24,12 @@ public:
     BOOL parseCommonHeader(U8* sectionData, U32 dataLength, BOOL checkCRC32, U16* errorCode, U16* sectionLength,
                            TISDBTTable* previous) override;
 
+    /// table_id_extension (16): the transport_stream_id of a PAT or SDT, the program_number of a PMT, the
+    /// network_id of a NIT, the application type of an AIT, maker_id and model_id of an SDTT.
     U16 getGenericDataField() const { return m_iGenericDataField; }
+    /// version_number (5), 0-31.
     U8 getVersion() const { return m_iVersion; }
+    /// current_next_indicator: TRUE when the section applies now, FALSE for the next version.
     BOOL getCurrentIndicator() const { return m_bCurrentIndicator; }
     U8 getSectionNumber() const { return m_iSectionNum; }
     U8 getLastSectionNumber() const { return m_iLastSectionNum; }

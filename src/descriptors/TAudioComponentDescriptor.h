@@ -45,6 +45,7 @@ public:
     U8 getEsMultiLingual() const { return m_iESMultiLingual; }
     U8 getMainComponent() const { return m_iMainComponent; }
     U8 getQualityIndicator() const { return m_iQualityIndicator; }
+    /// sampling_rate (3): 1 16 kHz, 2 22.05 kHz, 3 24 kHz, 5 32 kHz, 6 44.1 kHz, 7 48 kHz.
     U8 getSamplingRate() const { return m_iSamplingRate; }
     std::string getLanguageCode1() const { return m_sLanguageCode1; }
     /// Empty unless the multilingual flag is set.

@@ -34,11 +34,14 @@ public:
     static TContentAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode, const U8* limit);
 
-    /// The three flags are TRUE when their bit is clear (see parseBody).
+    /// The three flags (not retention_state) are TRUE when their bit is clear: the
+    /// inverted reading receivers have always had is kept.
+    ///@{
     BOOL isImageConstraintToken() const { return m_bImageConstraintToken; }
     BOOL isRetentionMode() const { return m_bRetentionMode; }
     U8 getRetentionState() const { return m_iRetentionState; }
     BOOL isEncryptionMode() const { return m_bEncryptionMode; }
+    ///@}
 
 private:
     BOOL parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode);

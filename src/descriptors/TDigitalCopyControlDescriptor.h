@@ -37,6 +37,7 @@ public:
     BOOL hasComponentControl() const { return m_bComponentControl; }
     U8 getCopyControlType() const { return m_iCopyControlType; }
     U8 getAPSControlData() const { return m_iAPSControlData; }
+    /// maximum_bitrate (8), in units of 1/4 Mbit/s; read only with maximum_bitrate_flag.
     U8 getMaximumBitrate() const { return m_iMaximumBitrate; }
 
     /// Component entries by 0-based position; null / FALSE past the end.

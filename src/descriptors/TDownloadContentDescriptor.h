@@ -39,21 +39,32 @@ public:
     static TDownloadContentDescriptor* parse(VURO_U8* data, VURO_U32 dataLength, VURO_U32* parsedLength,
                                              VURO_U16* errorCode, const U8* limit);
 
+    /// The five flags (1 bit each): reboot after the download, add_on (adds to the installed software
+    /// rather than replacing it), compatibility_flag, module_info_flag and text_info_flag (the parts present).
+    ///@{
     VURO_U8 getReboot() const { return m_iReboot; }
     VURO_U8 getAddOn() const { return m_iAddOn; }
     VURO_U8 getCompatibilityFlag() const { return m_iCompatibilityFlag; }
     VURO_U8 getModuleInfoFlag() const { return m_iModuleInfoFlag; }
     VURO_U8 getTextInfoFlag() const { return m_iTextInfoFlag; }
+    ///@}
+    /// Bytes of the whole download.
     VURO_U32 getComponentSize() const { return m_iComponentSize; }
     VURO_U32 getDownloadID() const { return m_iDownloadID; }
+    /// Milliseconds a receiver waits for the DII of the data carousel.
     VURO_U32 getTimeOutValueDII() const { return m_iTimeOutValueDII; }
+    /// leak_rate (22), in units of 50 bytes per second.
     VURO_U32 getLeakRate() const { return m_iLeakRate; }
+    /// The component_tag of the stream carrying the download (see the PMT's stream identifiers).
     VURO_U8 getComponentTag() const { return m_iComponentTag; }
     VURO_U8 getPrivateDataLength() const { return m_iPrivateDataLength; }
     /// Null when the descriptor carries no private data.
     VURO_U8* getPrivateData() const { return m_iPrivateData; }
+    /// ISO_639_language_code and the text, present with text_info_flag (empty otherwise).
+    ///@{
     std::string getLanguageCode() const { return m_sLanguageCode; }
     std::string getText() const { return m_sText; }
+    ///@}
     /// Null without compatibility_flag.
     TCompatibilityDescriptor* getCompatibilityDescriptor() const { return m_pCompatibilityDesc; }
     /// The private data decoded as an application portal update; null when

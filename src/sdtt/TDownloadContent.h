@@ -36,11 +36,19 @@ public:
     void setParentSDTTTable(TSDTTTable* table) { m_pParentSDTTTable = table; }
     TSDTTTable* getParentSDTTTable() const { return m_pParentSDTTTable; }
 
+    /// group (4) of the content within the maker and model.
     U8 getGroup() const { return m_iGroup; }
+    /// target_version (12): the installed software version the content applies to (see getVersionIndicator).
     U16 getTargetVersion() const { return m_iTargetVersion; }
+    /// new_version (12): the software version after the download.
     U16 getNewVersion() const { return m_iNewVersion; }
+    /// download_level (2): 1 mandatory, 0 optional.
     U8 getDownloadLevel() const { return m_iDownloadLevel; }
+    /// version_indicator (2): how target_version applies: 0 every version (target_version ignored),
+    /// 1 that version and later, 2 that version and earlier, 3 that version only.
     U8 getVersionIndicator() const { return m_iVersionIndicator; }
+    /// schedule_timeshift_information (4): 0 when the same schedule serves every
+    /// broadcast of the content; other values say the periods shift between services.
     U16 getScheduleTimeShiftInfo() const { return m_iScheduleTimeShiftInfo; }
     /// Null when the entry carries none.
     TDownloadContentDescriptor* getDownloadContentDescriptor() const { return m_pDownloadContentDesc; }
