@@ -64,7 +64,9 @@ static void printItem(EpgItem& item)
     if (auto* ratings = dynamic_cast<TParentalRatingDescriptor*>(rating.get()))
         if (const TParentalRatingDescriptorItem* first = ratings->get(0))
             std::printf("  [rating %s 0x%X]", first->getCountryCode().c_str(), first->getRating());
-    std::printf("\n       %s\n", VuroExamples::utf8(item.getEventDescription()).c_str());
+    std::printf("\n");
+    if (!item.getEventDescription().empty())
+        std::printf("       %s\n", VuroExamples::utf8(item.getEventDescription()).c_str());
 }
 
 int main(int argc, char** argv)
