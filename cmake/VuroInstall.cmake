@@ -17,7 +17,8 @@ install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${VURO_INSTALL_INCLUDED
     FILES_MATCHING PATTERN "*.h"
     PATTERN "VuroParseSupport.h" EXCLUDE
     PATTERN "DescriptorBodySupport.h" EXCLUDE
-    PATTERN "*DescriptorSlots.h" EXCLUDE)
+    PATTERN "*DescriptorSlots.h" EXCLUDE
+    PATTERN "SectionCrc32.h" EXCLUDE)
 
 install(EXPORT VuroISDBTUtilsTargets NAMESPACE Vuro:: DESTINATION ${VURO_INSTALL_CMAKEDIR})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VuroISDBTUtilsConfig.cmake.in
