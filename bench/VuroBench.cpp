@@ -18,7 +18,10 @@
 #include <vector>
 
 #include <VuroISDBT.h>
+#if __has_include(<utils/SectionCrc32.h>)
 #include <utils/SectionCrc32.h>
+#define VURO_BENCH_CRC_ENGINES 1
+#endif
 
 #include "BenchSections.h"
 #include "CountingAllocator.h"
@@ -120,6 +123,7 @@ void runParse(benchmark::State& state, std::vector<Section>* sections, ParseFn p
     }
 }
 
+#ifdef VURO_BENCH_CRC_ENGINES
 void runCrc(benchmark::State& state, U32 (*crc)(U32, const U8*, std::size_t))
 {
     std::vector<U8> data(static_cast<std::size_t>(state.range(0)));
@@ -129,6 +133,7 @@ void runCrc(benchmark::State& state, U32 (*crc)(U32, const U8*, std::size_t))
         benchmark::DoNotOptimize(crc(0xFFFFFFFFu, data.data(), data.size()));
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * state.range(0));
 }
+#endif
 
 // Console output plus, at the end, the median figures side by side.
 class SummaryReporter : public benchmark::ConsoleReporter {
@@ -249,6 +254,7 @@ int main(int argc, char** argv)
             }
         }
     }
+#ifdef VURO_BENCH_CRC_ENGINES
     for (const auto& [name, engine] :
          {std::make_pair("CRC32/bytewise", &SectionCrc32::bytewise), std::make_pair("CRC32/sliced", &SectionCrc32::sliced),
           std::make_pair("CRC32/selected", &SectionCrc32::update)}) {
@@ -256,6 +262,7 @@ int main(int argc, char** argv)
         if (smoke)
             bench->Iterations(1)->Repetitions(1);
     }
+#endif
 
     SummaryReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
