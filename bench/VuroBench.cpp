@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <unistd.h>
 #include <string>
 #include <vector>
 
@@ -138,6 +139,8 @@ void runCrc(benchmark::State& state, U32 (*crc)(U32, const U8*, std::size_t))
 // Console output plus, at the end, the median figures side by side.
 class SummaryReporter : public benchmark::ConsoleReporter {
 public:
+    SummaryReporter() : ConsoleReporter(isatty(STDOUT_FILENO) ? OO_Defaults : OO_Tabular) {}
+
     void ReportRuns(const std::vector<Run>& runs) override
     {
         ConsoleReporter::ReportRuns(runs);
