@@ -34,7 +34,11 @@ void detach(void*) noexcept {}
 
 TISDBTParseScope::TISDBTParseScope(std::size_t) : m_state{nullptr, nullptr, 0}, m_bOpened(FALSE) {}
 
-TISDBTParseScope::~TISDBTParseScope() = default;
+TISDBTParseScope::~TISDBTParseScope()
+{
+    (void)m_state; // no arena in this build
+    (void)m_bOpened;
+}
 
 #else
 
