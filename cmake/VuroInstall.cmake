@@ -15,10 +15,10 @@ install(TARGETS VuroISDBTUtils EXPORT VuroISDBTUtilsTargets
 # Every header of src/ but the parsers' internal support headers.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${VURO_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h"
+    PATTERN "SectionCrc32.h" EXCLUDE
     PATTERN "VuroParseSupport.h" EXCLUDE
     PATTERN "DescriptorBodySupport.h" EXCLUDE
-    PATTERN "*DescriptorSlots.h" EXCLUDE
-    PATTERN "SectionCrc32.h" EXCLUDE)
+    PATTERN "*DescriptorSlots.h" EXCLUDE)
 
 install(EXPORT VuroISDBTUtilsTargets NAMESPACE Vuro:: DESTINATION ${VURO_INSTALL_CMAKEDIR})
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/VuroISDBTUtilsConfig.cmake.in
