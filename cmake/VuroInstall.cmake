@@ -15,6 +15,7 @@ install(TARGETS VuroISDBTUtils EXPORT VuroISDBTUtilsTargets
 # Every header of src/ but the parsers' internal support headers.
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${VURO_INSTALL_INCLUDEDIR}
     FILES_MATCHING PATTERN "*.h"
+    PATTERN "SectionCrc32.h" EXCLUDE
     PATTERN "VuroParseSupport.h" EXCLUDE
     PATTERN "DescriptorBodySupport.h" EXCLUDE
     PATTERN "ApplicationDescriptorSupport.h" EXCLUDE

@@ -8,7 +8,7 @@ TISDBTDataHolder::TISDBTDataHolder(U8* data, U32 length, BOOL allocate)
     : m_pData(data), m_iDataLength(length), m_bAllocated(allocate ? TRUE : FALSE)
 {
     if (allocate && data) {
-        m_pData = new U8[length];
+        m_pData = static_cast<U8*>(ParseArena::allocate(length));
         std::memcpy(m_pData, data, length);
     }
 }
@@ -16,7 +16,7 @@ TISDBTDataHolder::TISDBTDataHolder(U8* data, U32 length, BOOL allocate)
 TISDBTDataHolder::~TISDBTDataHolder()
 {
     if (m_bAllocated && m_pData) {
-        delete[] m_pData;
+        ParseArena::release(m_pData);
         m_pData = nullptr;
     }
 }

@@ -1,13 +1,14 @@
 #ifndef VURO_TISDBT_DATA_HOLDER_H
 #define VURO_TISDBT_DATA_HOLDER_H
 
+#include "TISDBTParseArena.h"
 #include "utils/VuroISDBTUtils.h"
 
 namespace Vuro {
 
 /// Raw bytes behind a parsed object: a table's private copy of its section, or
 /// the borrowed span a descriptor was parsed from.
-class TISDBTDataHolder {
+class TISDBTDataHolder : public TISDBTArenaObject {
 public:
     /// With allocate true the bytes are copied into an owned array (nothing is
     /// copied from a null data pointer); otherwise data itself is kept.

@@ -1,8 +1,9 @@
 #ifndef VURO_TISDBT_ITEM_LIST_H
 #define VURO_TISDBT_ITEM_LIST_H
 
-#include <list>
+#include <vector>
 
+#include "TISDBTParseArena.h"
 #include "utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -13,6 +14,8 @@ namespace Vuro {
 template <class Item>
 class TISDBTItemList {
 public:
+    using Entries = std::vector<Item*, TISDBTArenaAllocator<Item*>>;
+
     TISDBTItemList() = default;
     TISDBTItemList(const TISDBTItemList&) = delete;
     TISDBTItemList& operator=(const TISDBTItemList&) = delete;
@@ -20,23 +23,23 @@ public:
 
     U32 size() const { return static_cast<U32>(m_items.size()); }
 
-    void add(Item* item) { m_items.push_back(item); }
-
-    Item* get(U32 index) const
+    void add(Item* item)
     {
-        typename std::list<Item*>::const_iterator it = at(index);
-        return it == m_items.end() ? nullptr : *it;
+        if (m_items.capacity() == 0)
+            m_items.reserve(kFirstCapacity);
+        m_items.push_back(item);
     }
+
+    Item* get(U32 index) const { return index < m_items.size() ? m_items[index] : nullptr; }
 
     // FALSE when there is no item at index (or a null one); otherwise unlinks
     // it, deletes it and returns TRUE.
     BOOL remove(U32 index)
     {
-        typename std::list<Item*>::const_iterator it = at(index);
-        if (it == m_items.end() || *it == nullptr)
+        if (index >= m_items.size() || m_items[index] == nullptr)
             return FALSE;
-        Item* item = *it;
-        m_items.erase(it);
+        Item* item = m_items[index];
+        m_items.erase(m_items.begin() + index);
         delete item;
         return TRUE;
     }
@@ -48,20 +51,15 @@ public:
         m_items.clear();
     }
 
-    const std::list<Item*>& items() const { return m_items; }
+    // The items in arrival order.
+    const Entries& items() const { return m_items; }
 
 private:
-    typename std::list<Item*>::const_iterator at(U32 index) const
-    {
-        if (index >= m_items.size())
-            return m_items.end();
-        typename std::list<Item*>::const_iterator it = m_items.begin();
-        while (index-- > 0)
-            ++it;
-        return it;
-    }
+    // Loops of a section mostly hold a handful of entries: room for them at
+    // once rather than growing one by one.
+    static constexpr std::size_t kFirstCapacity = 8;
 
-    std::list<Item*> m_items;
+    Entries m_items;
 };
 
 } // namespace Vuro

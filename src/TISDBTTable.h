@@ -93,7 +93,8 @@ protected:
 
     /// The static table-parse pattern: allocate T (copying the section), run
     /// the virtual header check, then T::parseBody over the section; on any
-    /// failure delete the half-built table and return null.
+    /// failure delete the half-built table and return null. The parse's
+    /// objects share a few heap blocks (TISDBTParseScope).
     /// T::parseBody(U8* sectionData, U32 dataLength, U16 bodyLength,
     /// BOOL parseDescriptors, U16* errorCode) gets the caller's buffer and the
     /// body length from the header check (bytes up to the CRC_32, 16-bit); the
@@ -103,6 +104,7 @@ protected:
     static T* parseTable(U8* sectionData, U32 dataLength, BOOL checkCRC32, BOOL parseDescriptors, U16* errorCode,
                          T* previous)
     {
+        TISDBTParseScope scope(kParseArenaBase + dataLength * kParseArenaPerByte);
         T* table = new T(sectionData, dataLength);
         U16 bodyLength = 0;
         if (!table->parseCommonHeader(sectionData, dataLength, checkCRC32, errorCode, &bodyLength, previous)) {
@@ -128,6 +130,11 @@ protected:
     /// bytes left and the bytes needed, stores ERROR_INVALID_DATA_LENGTH and
     /// returns FALSE.
     static BOOL requireBytes(const U8* position, const U8* limit, U32 need, U16* errorCode);
+
+    /// First arena block of a parse: room for the table, its section copy and
+    /// the objects a section of typical density yields.
+    static constexpr std::size_t kParseArenaBase = 512;
+    static constexpr std::size_t kParseArenaPerByte = 16;
 
     Type m_eMyType;
     VURO_U32 m_iMinimumDataLength;

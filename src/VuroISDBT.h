@@ -8,6 +8,7 @@
 #include "TISDBTDataHolder.h"
 #include "TISDBTItemList.h"
 #include "TISDBTItemMap.h"
+#include "TISDBTParseArena.h"
 #include "TISDBTTable.h"
 #include "TISDBTVersionedTable.h"
 

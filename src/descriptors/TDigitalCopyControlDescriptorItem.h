@@ -1,6 +1,7 @@
 #ifndef VURO_TDIGITAL_COPY_CONTROL_DESCRIPTOR_ITEM_H
 #define VURO_TDIGITAL_COPY_CONTROL_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -9,7 +10,7 @@ namespace Vuro {
 /// entry is component_tag (8) digital_recording_control_data (2)
 /// maximum_bitrate_flag (1) reserved (1) copy_control_type (2)
 /// APS_control_data (2) [maximum_bitrate (8)]; see parse for how it is read.
-class TDigitalCopyControlDescriptorItem {
+class TDigitalCopyControlDescriptorItem : public TISDBTArenaObject {
 public:
     TDigitalCopyControlDescriptorItem();
     virtual ~TDigitalCopyControlDescriptorItem();

@@ -1,6 +1,7 @@
 #ifndef VURO_TEMERGENCY_INFORMATION_DESCRIPTOR_ITEM_H
 #define VURO_TEMERGENCY_INFORMATION_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -8,7 +9,7 @@ namespace Vuro {
 /// One service of an emergency information descriptor: service_id (16),
 /// start_end_flag (1), signal_level (1), reserved (6), area_code_length (8),
 /// then 12-bit area codes with 4 reserved bits each.
-class TEmergencyInformationDescriptorItem {
+class TEmergencyInformationDescriptorItem : public TISDBTArenaObject {
 public:
     TEmergencyInformationDescriptorItem();
     virtual ~TEmergencyInformationDescriptorItem();

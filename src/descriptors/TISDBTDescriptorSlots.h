@@ -4,6 +4,7 @@
 #ifndef VURO_TISDBT_DESCRIPTOR_SLOTS_H
 #define VURO_TISDBT_DESCRIPTOR_SLOTS_H
 
+#include <array>
 #include <list>
 #include <type_traits>
 
@@ -36,6 +37,8 @@ public:
     static Outcome parse(Owner& owner, U8* data, U32 length, U16* errorCode, const U8* limit)
     {
         Outcome outcome = data[0] == kStuffingTag ? STUFFING : UNKNOWN;
+        if (!keeps(owner, data[0]))
+            return outcome;
         SlotList::forEachSlot(owner, [&](auto*& slot) {
             using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
             if (data[0] != D::DESCRIPTOR_TAG)
@@ -48,10 +51,19 @@ public:
         return outcome;
     }
 
+    // TRUE when one of the owner's slots takes descriptors with tag.
+    template <class Owner>
+    static BOOL keeps(const Owner& owner, U8 tag)
+    {
+        return keptTags(owner)[tag];
+    }
+
     // The descriptor held for tag, or null.
     template <class Owner>
     static TISDBTDescriptor* get(const Owner& owner, U8 tag)
     {
+        if (!keeps(owner, tag))
+            return nullptr;
         TISDBTDescriptor* found = nullptr;
         SlotList::forEachSlot(owner, [&](auto* slot) {
             if (slot && slot->getDescriptorTag() == tag)
@@ -84,6 +96,23 @@ public:
 
 private:
     static constexpr U8 kStuffingTag = 0x42;
+
+    // Per tag: TRUE when a slot takes it. Built once from the slot types, so
+    // that a descriptor the owner does not keep costs one look-up rather than
+    // a pass over every slot.
+    template <class Owner>
+    static const std::array<BOOL, 256>& keptTags(const Owner& owner)
+    {
+        static const std::array<BOOL, 256> kept = [&owner] {
+            std::array<BOOL, 256> result{};
+            SlotList::forEachSlot(owner, [&result](auto* slot) {
+                using D = std::remove_pointer_t<decltype(slot)>;
+                result[D::DESCRIPTOR_TAG] = TRUE;
+            });
+            return result;
+        }();
+        return kept;
+    }
 };
 
 // An entry's descriptor of one kind through its inheriting getter: with

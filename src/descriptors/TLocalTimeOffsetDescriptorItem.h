@@ -1,6 +1,7 @@
 #ifndef VURO_TLOCAL_TIME_OFFSET_DESCRIPTOR_ITEM_H
 #define VURO_TLOCAL_TIME_OFFSET_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -9,7 +10,7 @@ namespace Vuro {
 /// country_region_id (6), reserved (1), local_time_offset_polarity (1),
 /// local_time_offset (16, BCD hhmm), time_of_change (40, MJD + BCD),
 /// next_time_offset (16, BCD hhmm).
-class TLocalTimeOffsetDescriptorItem {
+class TLocalTimeOffsetDescriptorItem : public TISDBTArenaObject {
 public:
     TLocalTimeOffsetDescriptorItem();
     virtual ~TLocalTimeOffsetDescriptorItem();

@@ -1,6 +1,7 @@
 #ifndef VURO_TMOSAIC_DESCRIPTOR_CELL_H
 #define VURO_TMOSAIC_DESCRIPTOR_CELL_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -10,7 +11,7 @@ namespace Vuro {
 /// many elementary_cell_ids (2 reserved + 6 bits each), cell_linkage_info (8),
 /// then by linkage: bouquet_id (16); original_network_id, transport_stream_id,
 /// service_id (16 each); or those three and event_id (16).
-class TMosaicDescriptorCell {
+class TMosaicDescriptorCell : public TISDBTArenaObject {
 public:
     /// cell_linkage_info values.
     static constexpr VURO_U8 LINKAGE_TYPE_UNDEFINED = 0;

@@ -1,13 +1,14 @@
 #ifndef VURO_TNVOD_REFERENCE_DESCRIPTOR_ITEM_H
 #define VURO_TNVOD_REFERENCE_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
 
 /// One time-shifted service of an NVOD reference descriptor:
 /// transport_stream_id (16), original_network_id (16), service_id (16).
-class TNVODReferenceDescriptorItem {
+class TNVODReferenceDescriptorItem : public TISDBTArenaObject {
 public:
     TNVODReferenceDescriptorItem();
     virtual ~TNVODReferenceDescriptorItem();

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -11,7 +12,7 @@ namespace Vuro {
 /// three raw letters), then the rating byte, whose high nibble names the
 /// content (TParentalRatingDescriptor::DESCRIPTION_*) and whose low nibble the
 /// age (TParentalRatingDescriptor::PARENTAL_RATING_*).
-class TParentalRatingDescriptorItem {
+class TParentalRatingDescriptorItem : public TISDBTArenaObject {
 public:
     TParentalRatingDescriptorItem();
     virtual ~TParentalRatingDescriptorItem();

@@ -1,12 +1,13 @@
 #ifndef VURO_TSERVICE_LIST_DESCRIPTOR_ITEM_H
 #define VURO_TSERVICE_LIST_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
 
 /// One service of a service list descriptor: service_id (16) service_type (8).
-class TServiceListDescriptorItem {
+class TServiceListDescriptorItem : public TISDBTArenaObject {
 public:
     TServiceListDescriptorItem();
     virtual ~TServiceListDescriptorItem();

@@ -1,6 +1,7 @@
 #ifndef VURO_TTS_INFORMATION_DESCRIPTOR_ITEM_H
 #define VURO_TTS_INFORMATION_DESCRIPTOR_ITEM_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -8,7 +9,7 @@ namespace Vuro {
 /// One transmission type of a TS information descriptor:
 /// transmission_type_info (8), num_of_service (8), then num_of_service
 /// 16-bit service_ids.
-class TTSInformationDescriptorItem {
+class TTSInformationDescriptorItem : public TISDBTArenaObject {
 public:
     /// transmission parameter type (top two bits of transmission_type_info).
     static constexpr VURO_U8 TRANSMISSION_PARAMETER_TYPE_A = 0;

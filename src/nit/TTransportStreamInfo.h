@@ -3,6 +3,7 @@
 
 #include <list>
 
+#include "../TISDBTParseArena.h"
 #include "../descriptors/TEmergencyInformationDescriptor.h"
 #include "../descriptors/TLinkageDescriptor.h"
 #include "../descriptors/TNetworkNameDescriptor.h"
@@ -19,7 +20,7 @@ struct TNetworkDescriptorSlots;
 /// One transport stream of a network information section:
 /// transport_stream_id (16), original_network_id (16), reserved (4),
 /// transport_descriptors_length (12), descriptors. One descriptor per kind.
-class TTransportStreamInfo {
+class TTransportStreamInfo : public TISDBTArenaObject {
     friend struct TNetworkDescriptorSlots;
 
 public:

@@ -1,12 +1,13 @@
 #ifndef VURO_TPROGRAM_ASSOCIATION_H
 #define VURO_TPROGRAM_ASSOCIATION_H
 
+#include "../TISDBTParseArena.h"
 #include "../utils/VuroISDBTUtils.h"
 
 namespace Vuro {
 
 /// One program of a PAT: program_number and its program map PID.
-class TProgramAssociation {
+class TProgramAssociation : public TISDBTArenaObject {
 public:
     TProgramAssociation(U16 programNumber, U16 programMapPid);
     virtual ~TProgramAssociation();

@@ -3,6 +3,7 @@
 
 #include <list>
 
+#include "../TISDBTParseArena.h"
 #include "../descriptors/TAACDescriptor.h"
 #include "../descriptors/TAVCTimingAndHRDDescriptor.h"
 #include "../descriptors/TAVCVideoDescriptor.h"
@@ -38,7 +39,7 @@ class TStreamDescriptorSlots;
 /// the ES_info descriptors, of which one per kind is kept. A stream may be
 /// linked to its table, whose programme-level descriptors then answer for the
 /// kinds the stream lacks.
-class TProgramMap {
+class TProgramMap : public TISDBTArenaObject {
     friend class TStreamDescriptorSlots<TProgramMap>;
 
 public:

@@ -84,16 +84,7 @@ public:
     enum LanguageCheck { CHECK_LANGUAGE, LANGUAGE_UNCHECKED };
 
     // TRUE for the 23 tags these owners keep.
-    static BOOL knows(const Owner& owner, U8 tag)
-    {
-        BOOL known = FALSE;
-        forEachSlot(owner, [&](auto* slot) {
-            using D = std::remove_pointer_t<decltype(slot)>;
-            if (tag == D::DESCRIPTOR_TAG)
-                known = TRUE;
-        });
-        return known;
-    }
+    static BOOL knows(const Owner& owner, U8 tag) { return Slots::keeps(owner, tag); }
 
     // One descriptor of an ES_info or program_info loop at position. Its
     // descriptor_length is held against bound, the owner's own (unsigned)

@@ -3,6 +3,7 @@
 
 #include <list>
 
+#include "../TISDBTParseArena.h"
 #include "../descriptors/TBouquetNameDescriptor.h"
 #include "../descriptors/TCAIdentifierDescriptor.h"
 #include "../descriptors/TContentAvailabilityDescriptor.h"
@@ -21,7 +22,7 @@ namespace Vuro {
 /// reserved_future_use (6), EIT_schedule_flag (1), EIT_present_following_flag
 /// (1), running_status (3), free_CA_mode (1), descriptors_loop_length (12),
 /// descriptors. One descriptor per kind.
-class TServiceDescription {
+class TServiceDescription : public TISDBTArenaObject {
 public:
     /// running_status values.
     static constexpr VURO_U16 RUNNING_STATUS_NOT_RUNNING = 1;

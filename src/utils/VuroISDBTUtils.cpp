@@ -1,29 +1,8 @@
 #include "VuroISDBTUtils.h"
 
-#include <array>
+#include "SectionCrc32.h"
 
 namespace Vuro {
-
-namespace {
-
-constexpr U32 kCrcPolynomial = 0x04C11DB7u;
-
-constexpr std::array<U32, 256> makeCrcTable()
-{
-    std::array<U32, 256> table{};
-    for (U32 i = 0; i < 256; ++i) {
-        U32 crc = i << 24;
-        for (int bit = 0; bit < 8; ++bit)
-            crc = (crc & 0x80000000u) ? (crc << 1) ^ kCrcPolynomial : (crc << 1);
-        table[i] = crc;
-    }
-    return table;
-}
-
-constexpr std::array<U32, 256> kCrcTable = makeCrcTable();
-static_assert(kCrcTable[1] == kCrcPolynomial, "CRC table entry 1 is the generator polynomial");
-
-} // namespace
 
 ISDBTUtils::ISDBTUtils() = default;
 
@@ -37,10 +16,7 @@ void ISDBTUtils::setErrorCode(U16* errorCode, U16 code)
 
 U32 ISDBTUtils::getSectionCRC32(U8* data, U32 dataLength)
 {
-    U32 crc = 0xFFFFFFFFu;
-    for (U32 i = 0; i < dataLength; ++i)
-        crc = kCrcTable[((crc >> 24) ^ data[i]) & 0xFFu] ^ (crc << 8);
-    return crc;
+    return SectionCrc32::update(0xFFFFFFFFu, data, dataLength);
 }
 
 S32 ISDBTUtils::mjd2unix(U16 mjd)

@@ -84,7 +84,10 @@ void TsReader::prime(const std::uint8_t* data, std::size_t size)
 }
 
 TsReader::TsReader(int fd, std::size_t unitSize, std::size_t blockSize)
-    : m_fd(fd), m_unitSize(unitSize), m_buffer(blockSize < 4096 ? 4096 : blockSize)
+    : m_fd(fd),
+      m_unitSize(unitSize),
+      m_buffer(new std::uint8_t[blockSize < 4096 ? 4096 : blockSize]),
+      m_bufferSize(blockSize < 4096 ? 4096 : blockSize)
 {
 }
 
@@ -93,11 +96,11 @@ bool TsReader::fill()
     if (m_position > m_have)
         m_position = m_have; // a 204-byte unit's trailer ran past the data read so far: nothing to keep
     // Keep the unprocessed tail, then read until the buffer is full or the input ends.
-    std::memmove(m_buffer.data(), m_buffer.data() + m_position, m_have - m_position);
+    std::memmove(m_buffer.get(), m_buffer.get() + m_position, m_have - m_position);
     m_have -= m_position;
     m_position = 0;
-    while (!m_eof && m_have < m_buffer.size()) {
-        const ssize_t got = ::read(m_fd, m_buffer.data() + m_have, m_buffer.size() - m_have);
+    while (!m_eof && m_have < m_bufferSize) {
+        const ssize_t got = ::read(m_fd, m_buffer.get() + m_have, m_bufferSize - m_have);
         if (got < 0) {
             if (errno == EINTR)
                 continue;
@@ -146,12 +149,12 @@ bool TsReader::run(SectionDemux& demux, const std::function<void(std::uint64_t)>
                                     " bytes, less than one 188-byte transport stream packet";
         return false;
     }
-    m_report.format = detectPacketFormat(m_buffer.data(), m_have);
+    m_report.format = detectPacketFormat(m_buffer.get(), m_have);
     if (m_unitSize != 0) {
         // A forced unit size: the first sync byte still has to be found.
         m_report.format.unitSize = m_unitSize;
         std::size_t at = 0;
-        while (at + TS_PACKET_SIZE <= m_have && verifiedUnits(m_buffer.data(), m_have, at, m_unitSize) == 0)
+        while (at + TS_PACKET_SIZE <= m_have && verifiedUnits(m_buffer.get(), m_have, at, m_unitSize) == 0)
             ++at;
         if (at + TS_PACKET_SIZE > m_have) {
             m_error = "not a transport stream of " + std::to_string(m_unitSize) + "-byte packets";
@@ -168,7 +171,7 @@ bool TsReader::run(SectionDemux& demux, const std::function<void(std::uint64_t)>
     bool inSync = true;
 
     for (;;) {
-        std::uint8_t* const data = m_buffer.data();
+        std::uint8_t* const data = m_buffer.get();
         // Whole units while more input follows, whole 188-byte packets at its end.
         const std::size_t need = m_eof ? TS_PACKET_SIZE : unit;
         while (m_position + need <= m_have) {

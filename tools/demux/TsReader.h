@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -68,7 +69,9 @@ private:
 
     int m_fd;
     std::size_t m_unitSize;
-    std::vector<std::uint8_t> m_buffer;
+    // Left uninitialised: opening an input costs nothing whatever the block size.
+    std::unique_ptr<std::uint8_t[]> m_buffer;
+    std::size_t m_bufferSize;
     std::size_t m_have = 0;
     std::size_t m_position = 0;
     bool m_eof = false;
