@@ -88,7 +88,7 @@ protected:
     enum BodyResult {
         BODY_FAILED,         ///< the body stored its code (and logged); the table is discarded
         BODY_PARSED,         ///< success: ERROR_OK is stored
-        BODY_PARSED_KEEP_CODE // success that leaves the caller's code as it was
+        BODY_PARSED_KEEP_CODE ///< success that leaves the caller's code as it was
     };
 
     /// The static table-parse pattern: allocate T (copying the section), run
