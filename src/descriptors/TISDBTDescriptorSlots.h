@@ -97,6 +97,15 @@ public:
 private:
     static constexpr U8 kStuffingTag = 0x42;
 
+    // Whether a slot's class fixes its tag (a base class held for several
+    // tags does not).
+    template <class D, class = void>
+    struct HasFixedTag : std::false_type {
+    };
+    template <class D>
+    struct HasFixedTag<D, std::void_t<decltype(D::DESCRIPTOR_TAG)>> : std::true_type {
+    };
+
     // Per tag: TRUE when a slot takes it. Built once from the slot types, so
     // that a descriptor the owner does not keep costs one look-up rather than
     // a pass over every slot.
@@ -107,7 +116,10 @@ private:
             std::array<BOOL, 256> result{};
             SlotList::forEachSlot(owner, [&result](auto* slot) {
                 using D = std::remove_pointer_t<decltype(slot)>;
-                result[D::DESCRIPTOR_TAG] = TRUE;
+                if constexpr (HasFixedTag<D>::value)
+                    result[D::DESCRIPTOR_TAG] = TRUE;
+                else
+                    result.fill(TRUE); // a slot for several tags (a base class): look at every slot
             });
             return result;
         }();

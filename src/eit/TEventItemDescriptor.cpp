@@ -92,7 +92,8 @@ TISDBTDescriptor* TEventItemDescriptor::getDescriptor(U8 tag) const
 
 std::map<U8, TISDBTDescriptor*> TEventItemDescriptor::getAll() const
 {
-    return descriptors.items();
+    const auto& entries = descriptors.items();
+    return std::map<U8, TISDBTDescriptor*>(entries.begin(), entries.end());
 }
 
 std::list<U8> TEventItemDescriptor::getDescriptorTags() const

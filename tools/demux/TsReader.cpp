@@ -75,9 +75,11 @@ bool looksLikeSections(const std::uint8_t* data, std::size_t size, bool complete
 
 void TsReader::prime(const std::uint8_t* data, std::size_t size)
 {
-    if (m_buffer.size() < size)
-        m_buffer.resize(size);
-    std::memcpy(m_buffer.data(), data, size);
+    if (m_bufferSize < size) {
+        m_buffer.reset(new std::uint8_t[size]);
+        m_bufferSize = size;
+    }
+    std::memcpy(m_buffer.get(), data, size);
     m_have = size;
     m_position = 0;
     m_report.bytes += size;
