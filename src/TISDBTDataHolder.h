@@ -6,12 +6,12 @@
 
 namespace Vuro {
 
-// Raw bytes behind a parsed object: a table's private copy of its section, or
-// the borrowed span a descriptor was parsed from.
+/// Raw bytes behind a parsed object: a table's private copy of its section, or
+/// the borrowed span a descriptor was parsed from.
 class TISDBTDataHolder : public TISDBTArenaObject {
 public:
-    // With allocate true the bytes are copied into an owned array (nothing is
-    // copied from a null data pointer); otherwise data itself is kept.
+    /// With allocate true the bytes are copied into an owned array (nothing is
+    /// copied from a null data pointer); otherwise data itself is kept.
     TISDBTDataHolder(U8* data, U32 length, BOOL allocate);
     virtual ~TISDBTDataHolder();
 

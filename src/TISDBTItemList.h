@@ -8,9 +8,9 @@
 
 namespace Vuro {
 
-// Owned items in arrival order, reached by 0-based position. Shared storage of
-// descriptors and tables whose entries are listed rather than keyed. Positions
-// at or beyond size() read as null (get) or false (remove).
+/// Owned items in arrival order, reached by 0-based position. Shared storage of
+/// descriptors and tables whose entries are listed rather than keyed. Positions
+/// at or beyond size() read as null (get) or false (remove).
 template <class Item>
 class TISDBTItemList {
 public:

@@ -12,11 +12,11 @@
 
 namespace Vuro {
 
-// Owned items keyed by their identifier (service id, program number, country
-// code ...), in ascending key order. Shared storage of item-list descriptors
-// and of tables whose loop entries are keyed. The entries are one sorted
-// array: broadcasts list their loops mostly in key order, so placing an entry
-// is usually an append, and a look-up is a binary search.
+/// Owned items keyed by their identifier (service id, program number, country
+/// code ...), in ascending key order. Shared storage of item-list descriptors
+/// and of tables whose loop entries are keyed. The entries are one sorted
+/// array: broadcasts list their loops mostly in key order, so placing an entry
+/// is usually an append, and a look-up is a binary search.
 template <class Key, class Item>
 class TISDBTItemMap {
 public:

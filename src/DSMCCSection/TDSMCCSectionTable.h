@@ -13,9 +13,9 @@ namespace Vuro {
 
 struct TDSMCCStreamDescriptorSlots;
 
-// DSM-CC section carrying stream descriptors (table_id 0x3D, long header):
-// the table_id_extension holds data_event_id (4) and event_msg_group_id (12);
-// the body is a loop of stream descriptors up to the CRC_32.
+/// DSM-CC section carrying stream descriptors (table_id 0x3D, long header):
+/// the table_id_extension holds data_event_id (4) and event_msg_group_id (12);
+/// the body is a loop of stream descriptors up to the CRC_32.
 class TDSMCCSectionTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
     friend struct TDSMCCStreamDescriptorSlots;
@@ -26,11 +26,11 @@ public:
     TDSMCCSectionTable(U8* sectionData, U32 dataLength);
     virtual ~TDSMCCSectionTable();
 
-    // Flag order: checkCRC32 (never verified), then parseDescriptors (not
-    // consulted: the descriptors are always parsed). The descriptors are read
-    // from, and borrow, the caller's sectionData, which must outlive the
-    // table. A stream event descriptor with the older tag 26 has its tag byte
-    // rewritten to 4 in the caller's buffer before it is parsed.
+    /// Flag order: checkCRC32 (never verified), then parseDescriptors (not
+    /// consulted: the descriptors are always parsed). The descriptors are read
+    /// from, and borrow, the caller's sectionData, which must outlive the
+    /// table. A stream event descriptor with the older tag 26 has its tag byte
+    /// rewritten to 4 in the caller's buffer before it is parsed.
     static TDSMCCSectionTable* parse(U8* sectionData, U32 dataLength, BOOL checkCRC32, BOOL parseDescriptors,
                                      U16* errorCode, TDSMCCSectionTable* previous);
 
@@ -41,9 +41,9 @@ public:
     TStreamModeDescriptor* getStreamModeDescriptor() const { return m_pStreamModeDesc; }
     TStreamEventDescriptor* getStreamEventDescriptor() const { return m_pStreamEventDesc; }
 
-    // Tags 1 to 4 (never 26, which is stored as 4); null for any other tag.
+    /// Tags 1 to 4 (never 26, which is stored as 4); null for any other tag.
     TISDBTDescriptor* getDescriptor(U8 tag) const override;
-    // The tags held, in the order 1, 2, 3, 4.
+    /// The tags held, in the order 1, 2, 3, 4.
     std::list<U8> getDescriptorTags() const override;
 
 private:

@@ -10,9 +10,9 @@
 
 namespace Vuro {
 
-// application_information_section (table_id 0x74, on a PID the PMT names):
-// the application type (table_id_extension), common descriptors that apply
-// to every application, then the applications keyed by their hash id.
+/// application_information_section (table_id 0x74, on a PID the PMT names):
+/// the application type (table_id_extension), common descriptors that apply
+/// to every application, then the applications keyed by their hash id.
 class TAITTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
 
@@ -22,18 +22,18 @@ public:
     TAITTable(U8* sectionData, U32 dataLength);
     virtual ~TAITTable();
 
-    // Note the flag order: parseDescriptors (no effect: descriptors are always
-    // parsed), then checkCRC32 (never verified). The body is read from the
-    // table's own copy, so every descriptor lives as long as the table. Each
-    // application is linked to the table and takes the table's application
-    // type, whatever its Ginga descriptors said.
+    /// Note the flag order: parseDescriptors (no effect: descriptors are always
+    /// parsed), then checkCRC32 (never verified). The body is read from the
+    /// table's own copy, so every descriptor lives as long as the table. Each
+    /// application is linked to the table and takes the table's application
+    /// type, whatever its Ginga descriptors said.
     static TAITTable* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, BOOL checkCRC32,
                             U16* errorCode, TAITTable* previous);
 
-    // TYPE_JAVA or TYPE_NCL of TApplication, as broadcast.
+    /// TYPE_JAVA or TYPE_NCL of TApplication, as broadcast.
     U16 getApplicationType() const { return m_iGenericDataField; }
 
-    // Common descriptors, by tag as for TApplication::getDescriptor.
+    /// Common descriptors, by tag as for TApplication::getDescriptor.
     TISDBTDescriptor* getDescriptor(U8 tag) const override;
     std::list<U8> getDescriptorTags() const override;
 
@@ -55,12 +55,12 @@ public:
     }
 
     U32 getApplicationsCount() const { return m_pApplications.size(); }
-    // Stores under the application's hash id and takes ownership; an
-    // application already there is displaced and not deleted. A null
-    // application is ignored.
+    /// Stores under the application's hash id and takes ownership; an
+    /// application already there is displaced and not deleted. A null
+    /// application is ignored.
     void addApplication(TApplication* application);
     TApplication* getApplication(std::string hashId) const { return m_pApplications.get(hashId); }
-    // Ascending byte order.
+    /// Ascending byte order.
     std::list<std::string> getApplicationsIDs() const { return m_pApplications.keys(); }
     BOOL removeApplication(std::string hashId) { return m_pApplications.remove(hashId); }
 

@@ -7,14 +7,14 @@
 
 namespace Vuro {
 
-// The datacaster carousel table (DCT, table_id 0x99) that would hold the
-// entries; the library offers the entry only and never defines the table.
+/// The datacaster carousel table (DCT, table_id 0x99) that would hold the
+/// entries; the library offers the entry only and never defines the table.
 class TDCTTable;
 
-// One entry of a datacaster carousel table: reserved (3) PID (13) version (8)
-// carousel_id (32) component_tag (8) application_name_length (8)
-// application_name. Callers walk the table body themselves and hand each
-// entry to parse.
+/// One entry of a datacaster carousel table: reserved (3) PID (13) version (8)
+/// carousel_id (32) component_tag (8) application_name_length (8)
+/// application_name. Callers walk the table body themselves and hand each
+/// entry to parse.
 class TDatacasterCarousel {
 public:
     TDatacasterCarousel();
@@ -23,16 +23,16 @@ public:
     TDatacasterCarousel(const TDatacasterCarousel&) = delete;
     TDatacasterCarousel& operator=(const TDatacasterCarousel&) = delete;
 
-    // parseDescriptors has no effect. On success *itemLength receives 8 plus
-    // the bytes of the name (its length byte included).
+    /// parseDescriptors has no effect. On success *itemLength receives 8 plus
+    /// the bytes of the name (its length byte included).
     static TDatacasterCarousel* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                       U16* errorCode);
-    // Same, reading nothing at or beyond limit (the end of the table's
-    // section buffer).
+    /// Same, reading nothing at or beyond limit (the end of the table's
+    /// section buffer).
     static TDatacasterCarousel* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                       U16* errorCode, const U8* limit);
 
-    // Records the table the entry belongs to; the entry never deletes it.
+    /// Records the table the entry belongs to; the entry never deletes it.
     void setParentDCTTable(TDCTTable* table) { m_pParentDCTTable = table; }
 
     U16 getPID() const { return m_iPID; }

@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// AAC_descriptor (0x7C): profile_and_level (8) AAC_type_flag (1) reserved (7)
-// [AAC_type (8) when the flag is set] additional_info to the end of the
-// descriptor (an owned copy).
+/// AAC_descriptor (0x7C): profile_and_level (8) AAC_type_flag (1) reserved (7)
+/// [AAC_type (8) when the flag is set] additional_info to the end of the
+/// descriptor (an owned copy).
 class TAACDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -15,7 +15,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x7C;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 2;
 
-    // profile_and_level values.
+    /// profile_and_level values.
     static constexpr VURO_U8 PROFILE_ACC_L1 = 0x28;
     static constexpr VURO_U8 PROFILE_ACC_L2 = 0x29;
     static constexpr VURO_U8 PROFILE_ACC_L4 = 0x2A;
@@ -30,8 +30,8 @@ public:
     TAACDescriptor(U8* data, U32 length);
     virtual ~TAACDescriptor();
 
-    // *parsedLength receives 2 (3 with an AAC type) plus the additional info
-    // size (the 8-bit size member).
+    /// *parsedLength receives 2 (3 with an AAC type) plus the additional info
+    /// size (the 8-bit size member).
     static TAACDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TAACDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                  const U8* limit);
@@ -39,7 +39,7 @@ public:
     U8 getProfileAndLevel() const { return m_iProfileAndLevel; }
     BOOL hasAACType() const { return m_bAACTypeFlag; }
     U8 getAACType() const { return m_iAACType; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getAdditionalInfoSize() const { return m_iAdditionalInfoSize; }
     U8* getAdditionalInfo() const { return m_pAdditionalInfo; }
 

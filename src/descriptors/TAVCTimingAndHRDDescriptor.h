@@ -5,11 +5,11 @@
 
 namespace Vuro {
 
-// AVC_timing_and_HRD_descriptor (0x2A): hrd_management_valid_flag (1)
-// reserved (6) picture_and_timing_info_present (1); when present:
-// 90kHz_flag (1) reserved (7) [N (32) K (32) when the flag is 0]
-// num_units_in_tick (32); then fixed_frame_rate_flag (1) temporal_poc_flag (1)
-// picture_to_display_conversion_flag (1) reserved (5).
+/// AVC_timing_and_HRD_descriptor (0x2A): hrd_management_valid_flag (1)
+/// reserved (6) picture_and_timing_info_present (1); when present:
+/// 90kHz_flag (1) reserved (7) [N (32) K (32) when the flag is 0]
+/// num_units_in_tick (32); then fixed_frame_rate_flag (1) temporal_poc_flag (1)
+/// picture_to_display_conversion_flag (1) reserved (5).
 class TAVCTimingAndHRDDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -20,7 +20,7 @@ public:
     TAVCTimingAndHRDDescriptor(U8* data, U32 length);
     virtual ~TAVCTimingAndHRDDescriptor();
 
-    // *parsedLength receives 2 without timing info, 3 with it, 11 with N and K.
+    /// *parsedLength receives 2 without timing info, 3 with it, 11 with N and K.
     static TAVCTimingAndHRDDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TAVCTimingAndHRDDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                              const U8* limit);

@@ -6,9 +6,9 @@
 
 namespace Vuro {
 
-// AVC_video_descriptor (0x28): profile_idc (8) constraint_set0/1/2 flags (3)
-// AVC_compatible_flags (5) level_idc (8) AVC_still_present (1)
-// AVC_24_hour_picture_flag (1) reserved (6).
+/// AVC_video_descriptor (0x28): profile_idc (8) constraint_set0/1/2 flags (3)
+/// AVC_compatible_flags (5) level_idc (8) AVC_still_present (1)
+/// AVC_24_hour_picture_flag (1) reserved (6).
 class TAVCVideoDescriptor : public TISDBTDescriptor, public TVideoEncodeFormat {
     friend class TISDBTDescriptor;
 
@@ -20,7 +20,7 @@ public:
     TAVCVideoDescriptor(U8* data, U32 length);
     virtual ~TAVCVideoDescriptor();
 
-    // *parsedLength receives 4.
+    /// *parsedLength receives 4.
     static TAVCVideoDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TAVCVideoDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                       const U8* limit);

@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// One profile of an application descriptor (5 bytes): application_profile
-// (16), version.major (8), version.minor (8), version.micro (8).
+/// One profile of an application descriptor (5 bytes): application_profile
+/// (16), version.major (8), version.minor (8), version.micro (8).
 class TApplicationDescriptorProfile {
 public:
     TApplicationDescriptorProfile();
     virtual ~TApplicationDescriptorProfile();
 
-    // Needs more than 4 bytes; reports 5.
+    /// Needs more than 4 bytes; reports 5.
     static TApplicationDescriptorProfile* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TApplicationDescriptorProfile* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                                 const U8* limit);

@@ -7,7 +7,7 @@
 
 namespace Vuro {
 
-// bouquet_name_descriptor (0x47): the whole body is the bouquet name.
+/// bouquet_name_descriptor (0x47): the whole body is the bouquet name.
 class TBouquetNameDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -18,7 +18,7 @@ public:
     TBouquetNameDescriptor(U8* data, U32 length);
     virtual ~TBouquetNameDescriptor();
 
-    // *parsedLength receives the name's byte count kept to 8 bits.
+    /// *parsedLength receives the name's byte count kept to 8 bits.
     static TBouquetNameDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TBouquetNameDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);

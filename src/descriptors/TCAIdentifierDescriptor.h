@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// CA_identifier_descriptor (0x53): the conditional-access systems a service
-// or event may use, as a list of 16-bit CA_system_ids.
+/// CA_identifier_descriptor (0x53): the conditional-access systems a service
+/// or event may use, as a list of 16-bit CA_system_ids.
 class TCAIdentifierDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,13 +17,13 @@ public:
     TCAIdentifierDescriptor(U8* data, U32 length);
     virtual ~TCAIdentifierDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TCAIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TCAIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                           const U8* limit);
 
     U8 getCASystemIDCount() const { return m_iCASystemIDCount; }
-    // getCASystemIDCount() ids, or null when there are none.
+    /// getCASystemIDCount() ids, or null when there are none.
     U16* getCASystemIDs() const { return m_pCASystemIDs; }
 
 private:

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// carousel_compatible_composite_descriptor (0xF7): its sub-descriptors are
-// not decoded; the object only marks the descriptor's presence.
+/// carousel_compatible_composite_descriptor (0xF7): its sub-descriptors are
+/// not decoded; the object only marks the descriptor's presence.
 class TCarouselCompatibleCompositeDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TCarouselCompatibleCompositeDescriptor(U8* data, U32 length);
     virtual ~TCarouselCompatibleCompositeDescriptor();
 
-    // *parsedLength receives dataLength.
+    /// *parsedLength receives dataLength.
     static TCarouselCompatibleCompositeDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                          U16* errorCode);
     static TCarouselCompatibleCompositeDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,

@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// carousel_identifier_descriptor (0x13): carousel_id (32), then everything to
-// the end of the descriptor kept as private data (an owned copy). The
-// FormatID-specific fields have getters but are never filled (see parseBody).
+/// carousel_identifier_descriptor (0x13): carousel_id (32), then everything to
+/// the end of the descriptor kept as private data (an owned copy). The
+/// FormatID-specific fields have getters but are never filled (see parseBody).
 class TCarouselIdentifierDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -15,14 +15,14 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x13;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 4;
 
-    // FormatID values.
+    /// FormatID values.
     static constexpr VURO_U8 FORMAT_TYPE_NOT_AVAILABLE = 0;
     static constexpr VURO_U8 FORMAT_TYPE_SERVIC_GATEWAY = 1;
 
     TCarouselIdentifierDescriptor(U8* data, U32 length);
     virtual ~TCarouselIdentifierDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TCarouselIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                 U16* errorCode);
     static TCarouselIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
@@ -39,7 +39,7 @@ public:
     U8 getTimeOut() const { return m_iTimeOut; }
     U8 getObjectKeyLength() const { return m_iObjectKeySize; }
     U8* getObjectKeyData() const { return m_pObjectKeyData; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getPrivateDataSize() const { return m_iPrivateDataSize; }
     U8* getPrivateData() const { return m_pPrivateData; }
 

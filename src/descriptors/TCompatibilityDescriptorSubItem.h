@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// One sub-descriptor of a compatibility descriptor entry:
-// subDescriptorType (8) subDescriptorLength (8) additionalInformation, the
-// information kept as an owned copy.
+/// One sub-descriptor of a compatibility descriptor entry:
+/// subDescriptorType (8) subDescriptorLength (8) additionalInformation, the
+/// information kept as an owned copy.
 class TCompatibilityDescriptorSubItem {
 public:
     TCompatibilityDescriptorSubItem();
@@ -15,7 +15,7 @@ public:
     TCompatibilityDescriptorSubItem& operator=(const TCompatibilityDescriptorSubItem&) = delete;
     virtual ~TCompatibilityDescriptorSubItem();
 
-    // *parsedLength receives 2 + subDescriptorLength.
+    /// *parsedLength receives 2 + subDescriptorLength.
     static TCompatibilityDescriptorSubItem* parse(VURO_U8* data, VURO_U32 dataLength, VURO_U32* parsedLength,
                                                   VURO_U16* errorCode);
     static TCompatibilityDescriptorSubItem* parse(VURO_U8* data, VURO_U32 dataLength, VURO_U32* parsedLength,
@@ -23,7 +23,7 @@ public:
 
     VURO_U8 getSubDescriptorType() const { return m_iSubDescriptorType; }
     VURO_U8 getAdditionalInformationLength() const { return m_iAdditionalInformationLength; }
-    // Null when the sub-descriptor carries none.
+    /// Null when the sub-descriptor carries none.
     VURO_U8* getAdditionalInformation() const { return m_iAdditionalInformation; }
 
 private:

@@ -7,9 +7,9 @@
 
 namespace Vuro {
 
-// component_descriptor (0x50): reserved (4), stream_content (4),
-// component_type (8), component_tag (8), ISO_639_language_code (24), then
-// text to the end of the descriptor.
+/// component_descriptor (0x50): reserved (4), stream_content (4),
+/// component_type (8), component_tag (8), ISO_639_language_code (24), then
+/// text to the end of the descriptor.
 class TComponentDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -20,14 +20,14 @@ public:
     TComponentDescriptor(U8* data, U32 length);
     virtual ~TComponentDescriptor();
 
-    // *parsedLength receives the text's byte count + 3.
+    /// *parsedLength receives the text's byte count + 3.
     static TComponentDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TComponentDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                        const U8* limit);
 
     U8 getStreamContent() const { return m_iStreamContent; }
     U8 getComponentType() const { return m_iComponentType; }
-    // stream_content << 8 | component_type.
+    /// stream_content << 8 | component_type.
     U16 getStreamContentComponentType() const
     {
         return static_cast<U16>((m_iStreamContent << 8) | m_iComponentType);

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// conditional_playback_descriptor (0xF8): CA_system_id (16) reserved (3)
-// CA_PID (13), then private data to the end of the descriptor (an owned copy).
+/// conditional_playback_descriptor (0xF8): CA_system_id (16) reserved (3)
+/// CA_PID (13), then private data to the end of the descriptor (an owned copy).
 class TConditionalPlaybackDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TConditionalPlaybackDescriptor(U8* data, U32 length);
     virtual ~TConditionalPlaybackDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TConditionalPlaybackDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode);
     static TConditionalPlaybackDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
@@ -25,7 +25,7 @@ public:
 
     U16 getCASystemID() const { return m_iCASystemID; }
     U16 getCAPID() const { return m_iCAPID; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getPrivateDataSize() const { return m_iPrivateDataSize; }
     U8* getPrivateData() const { return m_pPrivateData; }
 

@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// content_availability_descriptor (0xDE): reserved (2)
-// image_constraint_token (1) retention_mode (1) retention_state (3)
-// encryption_mode (1).
+/// content_availability_descriptor (0xDE): reserved (2)
+/// image_constraint_token (1) retention_mode (1) retention_state (3)
+/// encryption_mode (1).
 class TContentAvailabilityDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -15,7 +15,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0xDE;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 1;
 
-    // retention_state: how long a recording may be kept.
+    /// retention_state: how long a recording may be kept.
     static constexpr VURO_U8 RETENTION_STATE_NO_LIMIT = 0;
     static constexpr VURO_U8 RETENTION_STATE_ONE_WEEK = 1;
     static constexpr VURO_U8 RETENTION_STATE_2_DAYS = 2;
@@ -28,17 +28,20 @@ public:
     TContentAvailabilityDescriptor(U8* data, U32 length);
     virtual ~TContentAvailabilityDescriptor();
 
-    // *parsedLength receives dataLength (the header bytes included).
+    /// *parsedLength receives dataLength (the header bytes included).
     static TContentAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode);
     static TContentAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode, const U8* limit);
 
-    // The three flags are TRUE when their bit is clear (see parseBody).
+    /// The three flags (not retention_state) are TRUE when their bit is clear: the
+    /// inverted reading receivers have always had is kept.
+    ///@{
     BOOL isImageConstraintToken() const { return m_bImageConstraintToken; }
     BOOL isRetentionMode() const { return m_bRetentionMode; }
     U8 getRetentionState() const { return m_iRetentionState; }
     BOOL isEncryptionMode() const { return m_bEncryptionMode; }
+    ///@}
 
 private:
     BOOL parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode);

@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// copyright_descriptor (0x0D), decoded with the layout of the hierarchical
-// transmission descriptor: reserved (7) hierarchical level (1) reserved (3)
-// reference_PID (13).
+/// copyright_descriptor (0x0D), decoded with the layout of the hierarchical
+/// transmission descriptor: reserved (7) hierarchical level (1) reserved (3)
+/// reference_PID (13).
 class TCopyrightDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -18,7 +18,7 @@ public:
     TCopyrightDescriptor(U8* data, U32 length);
     virtual ~TCopyrightDescriptor();
 
-    // *parsedLength receives 3.
+    /// *parsedLength receives 3.
     static TCopyrightDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TCopyrightDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                        const U8* limit);

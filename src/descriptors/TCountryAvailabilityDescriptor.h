@@ -7,8 +7,8 @@
 
 namespace Vuro {
 
-// country_availability_descriptor (0x49): country_availability_flag (1),
-// reserved (7), then 24-bit country codes (ISO 3166 letters) back to back.
+/// country_availability_descriptor (0x49): country_availability_flag (1),
+/// reserved (7), then 24-bit country codes (ISO 3166 letters) back to back.
 class TCountryAvailabilityDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -19,9 +19,9 @@ public:
     TCountryAvailabilityDescriptor(U8* data, U32 length);
     virtual ~TCountryAvailabilityDescriptor();
 
-    // *parsedLength always receives 0; callers size the descriptor from its
-    // header. A country loop that does not end on a whole code is refused
-    // (ERROR_INVALID_DESCRIPTOR_LENGTH) at the partial code.
+    /// *parsedLength always receives 0; callers size the descriptor from its
+    /// header. A country loop that does not end on a whole code is refused
+    /// (ERROR_INVALID_DESCRIPTOR_LENGTH) at the partial code.
     static TCountryAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                  U16* errorCode);
     static TCountryAvailabilityDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
@@ -29,10 +29,10 @@ public:
 
     U8 getCountryAvailabilityFlag() const { return m_iCountryAvailabilityFlag; }
     U32 size() const { return static_cast<U32>(m_pItems.size()); }
-    // Country code as (b0 << 16) | (b1 << 8) | b2; 0 past the end.
+    /// Country code as (b0 << 16) | (b1 << 8) | b2; 0 past the end.
     U32 get(U32 index) const { return index < m_pItems.size() ? m_pItems[index] : 0; }
     void add(U32 countryCode) { m_pItems.push_back(countryCode); }
-    // FALSE when there is no code at index.
+    /// FALSE when there is no code at index.
     BOOL remove(U32 index);
 
 private:

@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// One DII location (4 bytes): reserved (1), DII_identification (15),
-// association_tag (16).
+/// One DII location (4 bytes): reserved (1), DII_identification (15),
+/// association_tag (16).
 class TDIILocationDescriptorItem {
 public:
     TDIILocationDescriptorItem();
     virtual ~TDIILocationDescriptorItem();
 
-    // Needs at least 4 bytes; reports 4.
+    /// Needs at least 4 bytes; reports 4.
     static TDIILocationDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode);
     static TDIILocationDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode,
                                              const U8* limit);

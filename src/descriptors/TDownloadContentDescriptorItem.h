@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// One module of a download content descriptor: module_id (16)
-// module_size (32) module_info_length (8) module_info, the info kept as an
-// owned copy.
+/// One module of a download content descriptor: module_id (16)
+/// module_size (32) module_info_length (8) module_info, the info kept as an
+/// owned copy.
 class TDownloadContentDescriptorItem {
 public:
     TDownloadContentDescriptorItem();
@@ -15,7 +15,7 @@ public:
     TDownloadContentDescriptorItem& operator=(const TDownloadContentDescriptorItem&) = delete;
     virtual ~TDownloadContentDescriptorItem();
 
-    // *parsedLength receives 7 + module_info_length.
+    /// *parsedLength receives 7 + module_info_length.
     static TDownloadContentDescriptorItem* parse(VURO_U8* data, VURO_U32 dataLength, VURO_U32* parsedLength,
                                                  VURO_U16* errorCode);
     static TDownloadContentDescriptorItem* parse(VURO_U8* data, VURO_U32 dataLength, VURO_U32* parsedLength,
@@ -24,7 +24,7 @@ public:
     VURO_U16 getModuleID() const { return m_iModuleID; }
     VURO_U32 getModuleSize() const { return m_iModuleSize; }
     VURO_U8 getModuleInfoLength() const { return m_iModuleInfoLength; }
-    // Null when the module carries none.
+    /// Null when the module carries none.
     VURO_U8* getModuleInfo() const { return m_iModuleInfo; }
 
 private:

@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// One authorised application (7 bytes): application_identifier (48),
-// application_priority (8).
+/// One authorised application (7 bytes): application_identifier (48),
+/// application_priority (8).
 class TExternalApplicationAuthorizationDescriptorItem {
 public:
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 1;
 
     TExternalApplicationAuthorizationDescriptorItem();
-    // A copy with its own identifier.
+    /// A copy with its own identifier.
     explicit TExternalApplicationAuthorizationDescriptorItem(TExternalApplicationAuthorizationDescriptorItem* source);
     virtual ~TExternalApplicationAuthorizationDescriptorItem();
 
@@ -20,13 +20,13 @@ public:
     TExternalApplicationAuthorizationDescriptorItem& operator=(
         const TExternalApplicationAuthorizationDescriptorItem&) = delete;
 
-    // Needs at least 7 bytes; reports 7.
+    /// Needs at least 7 bytes; reports 7.
     static TExternalApplicationAuthorizationDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength,
                                                                   U16* errorCode);
     static TExternalApplicationAuthorizationDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength,
                                                                   U16* errorCode, const U8* limit);
 
-    // Owned by the item.
+    /// Owned by the item.
     TApplicationIdentifier* getApplicationIdentifier() const { return m_pAppIdentifier; }
     U8 getPriority() const { return m_iPriority; }
 

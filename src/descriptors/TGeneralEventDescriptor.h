@@ -5,11 +5,11 @@
 
 namespace Vuro {
 
-// general_event_descriptor (tag 4, carried with event messages):
-// event_msg_group_id (12) reserved (4) time_mode (8), 40 bits of time
-// (mode 1 and 5: MJD + BCD hhmmss; mode 2: reserved (7) NPT (33); mode 3:
-// reserved (4) relative time (36)), then event_msg_type (8), event_msg_id (16)
-// and private data (an owned copy).
+/// general_event_descriptor (tag 4, carried with event messages):
+/// event_msg_group_id (12) reserved (4) time_mode (8), 40 bits of time
+/// (mode 1 and 5: MJD + BCD hhmmss; mode 2: reserved (7) NPT (33); mode 3:
+/// reserved (4) relative time (36)), then event_msg_type (8), event_msg_id (16)
+/// and private data (an owned copy).
 class TGeneralEventDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x04;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 16;
 
-    // time_mode values.
+    /// time_mode values.
     static constexpr VURO_U8 TIME_MODE_NONE = 0;
     static constexpr VURO_U8 TIME_MODE_MJD_UTC = 1;
     static constexpr VURO_U8 TIME_MODE_NPT = 2;
@@ -27,7 +27,7 @@ public:
     TGeneralEventDescriptor(U8* data, U32 length);
     virtual ~TGeneralEventDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TGeneralEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TGeneralEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                           const U8* limit);
@@ -41,7 +41,7 @@ public:
     U32 getEventMsgRelativeTimeL() const { return m_iEventMsgRelativeTimeL; }
     U8 getEventMsgType() const { return m_iEventMsgType; }
     U16 getEventMsgID() const { return m_iEventMsgID; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getPrivateDataSize() const { return m_iPrivateDataSize; }
     U8* getPrivateData() const { return m_pPrivateData; }
 

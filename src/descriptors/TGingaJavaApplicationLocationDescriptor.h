@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// The Ginga-J application location descriptor (0x04): base directory,
-// classpath extension and the initial class.
+/// The Ginga-J application location descriptor (0x04): base directory,
+/// classpath extension and the initial class.
 class TGingaJavaApplicationLocationDescriptor : public TGingaApplicationLocationDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TGingaJavaApplicationLocationDescriptor(U8* data, U32 length);
     TGingaJavaApplicationLocationDescriptor(std::string baseDirectory, std::string classpathExtension,
                                          std::string initialClass);
-    // A copy of the three strings, without raw bytes.
+    /// A copy of the three strings, without raw bytes.
     explicit TGingaJavaApplicationLocationDescriptor(TGingaJavaApplicationLocationDescriptor* source);
     virtual ~TGingaJavaApplicationLocationDescriptor();
 

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// The Ginga-NCL application location descriptor (0x07): base directory,
-// classpath extension and the entry document.
+/// The Ginga-NCL application location descriptor (0x07): base directory,
+/// classpath extension and the entry document.
 class TGingaNCLApplicationLocationDescriptor : public TGingaApplicationLocationDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TGingaNCLApplicationLocationDescriptor(U8* data, U32 length);
     TGingaNCLApplicationLocationDescriptor(std::string baseDirectory, std::string classpathExtension,
                                          std::string initialClass);
-    // A copy of the three strings, without raw bytes.
+    /// A copy of the three strings, without raw bytes.
     explicit TGingaNCLApplicationLocationDescriptor(TGingaNCLApplicationLocationDescriptor* source);
     virtual ~TGingaNCLApplicationLocationDescriptor();
 

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// hierarchical_transmission_descriptor (0xC0): reserved (7) quality_level (1)
-// reserved (3) reference_PID (13).
+/// hierarchical_transmission_descriptor (0xC0): reserved (7) quality_level (1)
+/// reserved (3) reference_PID (13).
 class THierarchicalTransmissionDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     THierarchicalTransmissionDescriptor(U8* data, U32 length);
     virtual ~THierarchicalTransmissionDescriptor();
 
-    // *parsedLength receives 3.
+    /// *parsedLength receives 3.
     static THierarchicalTransmissionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                       U16* errorCode);
     static THierarchicalTransmissionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,

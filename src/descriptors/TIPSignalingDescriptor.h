@@ -5,7 +5,7 @@
 
 namespace Vuro {
 
-// IP_signalling_descriptor (0x11): platform_id (24).
+/// IP_signalling_descriptor (0x11): platform_id (24).
 class TIPSignalingDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     explicit TIPSignalingDescriptor(TIPSignalingDescriptor* source);
     virtual ~TIPSignalingDescriptor();
 
-    // *parsedLength receives 3.
+    /// *parsedLength receives 3.
     static TIPSignalingDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TIPSignalingDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);

@@ -7,8 +7,8 @@
 
 namespace Vuro {
 
-// ISO_639_language_descriptor (0x0A): a loop of ISO_639_language_code (24)
-// audio_type (8); only the first language code is kept.
+/// ISO_639_language_descriptor (0x0A): a loop of ISO_639_language_code (24)
+/// audio_type (8); only the first language code is kept.
 class TISO639LanguageDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -19,12 +19,12 @@ public:
     TISO639LanguageDescriptor(U8* data, U32 length);
     virtual ~TISO639LanguageDescriptor();
 
-    // *parsedLength is never written.
+    /// *parsedLength is never written.
     static TISO639LanguageDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TISO639LanguageDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                             const U8* limit);
 
-    // The three code characters as carried ("por", "eng", ...).
+    /// The three code characters as carried ("por", "eng", ...).
     const std::string& getLanguageCode() const { return m_sLanguageCode; }
 
 private:

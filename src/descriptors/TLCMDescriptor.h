@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// Libras control message (sign-language presentation, tag 0x7C):
-// message_id (8) message_length (16) reserved (4) resolution (4), the
-// dictionary window position and size dph, dpv, dfw, dfh (16 each) and
-// Libras_content_type (8). Callers decode it directly; no table dispatches
-// to it (its tag is the AAC descriptor's).
-//
-// A shorter pattern than the other descriptors: no header check, no error
-// code, no parsed length and no log line.
+/// Libras control message (sign-language presentation, tag 0x7C):
+/// message_id (8) message_length (16) reserved (4) resolution (4), the
+/// dictionary window position and size dph, dpv, dfw, dfh (16 each) and
+/// Libras_content_type (8). Callers decode it directly; no table dispatches
+/// to it (its tag is the AAC descriptor's).
+///
+/// A shorter pattern than the other descriptors: no header check, no error
+/// code, no parsed length and no log line.
 class TLCMDescriptor : public TISDBTDescriptor {
 public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x7C;
@@ -21,15 +21,15 @@ public:
     TLCMDescriptor(U8* data, U32 length);
     virtual ~TLCMDescriptor();
 
-    // Null when the data holds fewer than 15 bytes (bytes 2 to 14 are read);
-    // parsedLength and errorCode are never written.
+    /// Null when the data holds fewer than 15 bytes (bytes 2 to 14 are read);
+    /// parsedLength and errorCode are never written.
     static TLCMDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
 
     U8 getMessageId() const { return message_id; }
     U16 getMessageLength() const { return message_length; }
     U8 getResolution() const { return resolution; }
-    // The dictionary version and the three service ids are not carried by
-    // the message and stay 0.
+    /// The dictionary version and the three service ids are not carried by
+    /// the message and stay 0.
     U8 getDictionaryVersion() const { return dictionary_version; }
     U16 getDph() const { return dph; }
     U16 getDpv() const { return dpv; }

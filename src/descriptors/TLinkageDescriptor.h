@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// linkage_descriptor (0x4A): transport_stream_id, original_network_id,
-// service_id, linkage_type and the private data bytes.
+/// linkage_descriptor (0x4A): transport_stream_id, original_network_id,
+/// service_id, linkage_type and the private data bytes.
 class TLinkageDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -14,7 +14,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x4A;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 7;
 
-    // linkage_type values.
+    /// linkage_type values.
     static constexpr VURO_U8 SERVICE_INFORMATION = 0x01;
     static constexpr VURO_U8 SERVICE_EPG = 0x02;
     static constexpr VURO_U8 SERVICE_CA_SUBSTITUTION = 0x03;
@@ -26,7 +26,7 @@ public:
     TLinkageDescriptor(U8* data, U32 length);
     virtual ~TLinkageDescriptor();
 
-    // *parsedLength receives the body length.
+    /// *parsedLength receives the body length.
     static TLinkageDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TLinkageDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                      const U8* limit);
@@ -36,7 +36,7 @@ public:
     U16 getServiceID() const { return m_iServiceID; }
     U8 getLinkageType() const { return m_iLinkageType; }
     U8 getPrivateDataSize() const { return m_iPrivateDataSize; }
-    // Owned by the descriptor; null when there is no private data.
+    /// Owned by the descriptor; null when there is no private data.
     U8* getPrivateData() const { return m_pPrivateData; }
 
 private:

@@ -5,9 +5,9 @@
 
 namespace Vuro {
 
-// NPT_endpoint_descriptor (tag 2, DSM-CC stream descriptor): reserved (15)
-// startNPT (33) reserved (31) stopNPT (33), each clock split into its top bit
-// (...H) and the lower 32 bits (...L).
+/// NPT_endpoint_descriptor (tag 2, DSM-CC stream descriptor): reserved (15)
+/// startNPT (33) reserved (31) stopNPT (33), each clock split into its top bit
+/// (...H) and the lower 32 bits (...L).
 class TNPTEndpointDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -18,7 +18,7 @@ public:
     TNPTEndpointDescriptor(U8* data, U32 length);
     virtual ~TNPTEndpointDescriptor();
 
-    // parsedLength is not written.
+    /// parsedLength is not written.
     static TNPTEndpointDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TNPTEndpointDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);

@@ -5,11 +5,11 @@
 
 namespace Vuro {
 
-// NPT_reference_descriptor (tag 1, DSM-CC stream descriptor):
-// post_discontinuity_indicator (1) dsm_contentId (7) reserved (7)
-// STC_Reference (33) reserved (31) NPT_Reference (33) scaleNumerator (16)
-// scaleDenominator (16). 33-bit clocks are split into their top bit (...H)
-// and the lower 32 bits (...L).
+/// NPT_reference_descriptor (tag 1, DSM-CC stream descriptor):
+/// post_discontinuity_indicator (1) dsm_contentId (7) reserved (7)
+/// STC_Reference (33) reserved (31) NPT_Reference (33) scaleNumerator (16)
+/// scaleDenominator (16). 33-bit clocks are split into their top bit (...H)
+/// and the lower 32 bits (...L).
 class TNPTReferenceDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -20,7 +20,7 @@ public:
     TNPTReferenceDescriptor(U8* data, U32 length);
     virtual ~TNPTReferenceDescriptor();
 
-    // parsedLength is not written.
+    /// parsedLength is not written.
     static TNPTReferenceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TNPTReferenceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                           const U8* limit);

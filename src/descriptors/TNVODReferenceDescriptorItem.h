@@ -6,14 +6,14 @@
 
 namespace Vuro {
 
-// One time-shifted service of an NVOD reference descriptor:
-// transport_stream_id (16), original_network_id (16), service_id (16).
+/// One time-shifted service of an NVOD reference descriptor:
+/// transport_stream_id (16), original_network_id (16), service_id (16).
 class TNVODReferenceDescriptorItem : public TISDBTArenaObject {
 public:
     TNVODReferenceDescriptorItem();
     virtual ~TNVODReferenceDescriptorItem();
 
-    // Needs 6 bytes; *itemLength is 6.
+    /// Needs 6 bytes; *itemLength is 6.
     static TNVODReferenceDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode);
     static TNVODReferenceDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode,
                                                const U8* limit);

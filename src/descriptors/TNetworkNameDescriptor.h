@@ -7,8 +7,8 @@
 
 namespace Vuro {
 
-// network_name_descriptor (0x40): the whole body is the network's name, as
-// raw text bytes.
+/// network_name_descriptor (0x40): the whole body is the network's name, as
+/// raw text bytes.
 class TNetworkNameDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -19,7 +19,7 @@ public:
     TNetworkNameDescriptor(U8* data, U32 length);
     virtual ~TNetworkNameDescriptor();
 
-    // *parsedLength receives the number of name bytes.
+    /// *parsedLength receives the number of name bytes.
     static TNetworkNameDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TNetworkNameDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);

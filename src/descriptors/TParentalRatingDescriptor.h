@@ -7,7 +7,7 @@
 
 namespace Vuro {
 
-// parental_rating_descriptor (0x55): one rating per country, in arrival order.
+/// parental_rating_descriptor (0x55): one rating per country, in arrival order.
 class TParentalRatingDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -15,14 +15,14 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x55;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 4;
 
-    // Age ratings (low nibble of the rating byte).
+    /// Age ratings (low nibble of the rating byte).
     static constexpr VURO_U8 PARENTAL_RATING_L = 1;
     static constexpr VURO_U8 PARENTAL_RATING_10 = 2;
     static constexpr VURO_U8 PARENTAL_RATING_12 = 3;
     static constexpr VURO_U8 PARENTAL_RATING_14 = 4;
     static constexpr VURO_U8 PARENTAL_RATING_16 = 5;
     static constexpr VURO_U8 PARENTAL_RATING_18 = 6;
-    // Content descriptions (high nibble of the rating byte).
+    /// Content descriptions (high nibble of the rating byte).
     static constexpr VURO_U8 DESCRIPTION_DRUGS = 1;
     static constexpr VURO_U8 DESCRIPTION_VIOLENCE = 2;
     static constexpr VURO_U8 DESCRIPTION_VIOLENCE_DRUGS = 3;
@@ -34,21 +34,21 @@ public:
     TParentalRatingDescriptor(U8* data, U32 length);
     virtual ~TParentalRatingDescriptor();
 
-    // *parsedLength receives the length of the last item (4), not the body
-    // length. A failed header check logs one more line of its own.
+    /// *parsedLength receives the length of the last item (4), not the body
+    /// length. A failed header check logs one more line of its own.
     static TParentalRatingDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TParentalRatingDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                             const U8* limit);
 
     U32 size() const { return m_pItems.size(); }
-    // Takes the address of the caller's item pointer and appends the item it
-    // refers to; the descriptor takes ownership. A null address is ignored.
+    /// Takes the address of the caller's item pointer and appends the item it
+    /// refers to; the descriptor takes ownership. A null address is ignored.
     void add(TParentalRatingDescriptorItem** item);
     TParentalRatingDescriptorItem* get(U8 index) const { return m_pItems.get(index); }
     BOOL remove(U8 index) { return m_pItems.remove(index); }
 
 protected:
-    // Scratch pointer the interface has always declared; never owned.
+    /// Scratch pointer the interface has always declared; never owned.
     TParentalRatingDescriptorItem* l_pItem;
 
 private:

@@ -8,16 +8,16 @@
 
 namespace Vuro {
 
-// One country's rating in a parental rating descriptor: country_code (24,
-// three raw letters), then the rating byte, whose high nibble names the
-// content (TParentalRatingDescriptor::DESCRIPTION_*) and whose low nibble the
-// age (TParentalRatingDescriptor::PARENTAL_RATING_*).
+/// One country's rating in a parental rating descriptor: country_code (24,
+/// three raw letters), then the rating byte, whose high nibble names the
+/// content (TParentalRatingDescriptor::DESCRIPTION_*) and whose low nibble the
+/// age (TParentalRatingDescriptor::PARENTAL_RATING_*).
 class TParentalRatingDescriptorItem : public TISDBTArenaObject {
 public:
     TParentalRatingDescriptorItem();
     virtual ~TParentalRatingDescriptorItem();
 
-    // Needs 4 bytes; *itemLength is 4.
+    /// Needs 4 bytes; *itemLength is 4.
     static TParentalRatingDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode);
     static TParentalRatingDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode,
                                                 const U8* limit);

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// partial_reception_descriptor (0xFB): the service_ids carried in the
-// partial-reception (one-segment) layer.
+/// partial_reception_descriptor (0xFB): the service_ids carried in the
+/// partial-reception (one-segment) layer.
 class TPartialReceptionDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,13 +17,13 @@ public:
     TPartialReceptionDescriptor(U8* data, U32 length);
     virtual ~TPartialReceptionDescriptor();
 
-    // *parsedLength receives the body length.
+    /// *parsedLength receives the body length.
     static TPartialReceptionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TPartialReceptionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                               const U8* limit);
 
     U8 getServiceIDCount() const { return m_iServiceIDCount; }
-    // Owned by the descriptor; null when there are none.
+    /// Owned by the descriptor; null when there are none.
     U16* getServiceIDs() const { return m_pServiceIDs; }
 
 private:

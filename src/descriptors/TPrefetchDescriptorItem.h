@@ -7,13 +7,13 @@
 
 namespace Vuro {
 
-// One prefetch entry: label_length (8), label, prefetch_priority (8).
+/// One prefetch entry: label_length (8), label, prefetch_priority (8).
 class TPrefetchDescriptorItem {
 public:
     TPrefetchDescriptorItem();
     virtual ~TPrefetchDescriptorItem();
 
-    // Needs at least 2 bytes; reports the label bytes + 2.
+    /// Needs at least 2 bytes; reports the label bytes + 2.
     static TPrefetchDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode);
     static TPrefetchDescriptorItem* parse(U8* sectionData, U32 dataLength, U32* itemLength, U16* errorCode,
                                           const U8* limit);

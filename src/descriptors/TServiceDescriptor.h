@@ -7,8 +7,8 @@
 
 namespace Vuro {
 
-// service_descriptor (0x48): service_type (8), then the service provider name
-// and the service name, each preceded by its 8-bit length.
+/// service_descriptor (0x48): service_type (8), then the service provider name
+/// and the service name, each preceded by its 8-bit length.
 class TServiceDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -16,7 +16,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x48;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 3;
 
-    // service_type values.
+    /// service_type values.
     static constexpr VURO_U8 SERVICE_DIGITAL_TV = 0x01;
     static constexpr VURO_U8 SERVICE_DIGITAL_AUDIO = 0x02;
     static constexpr VURO_U8 SERVICE_TELETEXT = 0x03;
@@ -44,7 +44,7 @@ public:
     static constexpr VURO_U8 SERVICE_PROMOTIONAL_VIDEO = 0xA5;
     static constexpr VURO_U8 SERVICE_PROMOTIONAL_AUDIO = 0xA6;
     static constexpr VURO_U8 SERVICE_PROMOTIONAL_DATA = 0xA7;
-    // The constant has always been published under this spelling.
+    /// The constant has always been published under this spelling.
     static constexpr VURO_U8 SERVICE_DATA_SERVICE_FOR_ANTECIPATED_STORAGE = 0xA8;
     static constexpr VURO_U8 SERVICE_EXCLUSIVE_DATA_SERVICE_FOR_STORAGE = 0xA9;
     static constexpr VURO_U8 SERVICE_BOOKMARK_LIST = 0xAA;
@@ -55,8 +55,8 @@ public:
     TServiceDescriptor(U8* data, U32 length);
     virtual ~TServiceDescriptor();
 
-    // *parsedLength receives the bytes of both names with their length
-    // bytes, kept to 8 bits.
+    /// *parsedLength receives the bytes of both names with their length
+    /// bytes, kept to 8 bits.
     static TServiceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TServiceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                      const U8* limit);

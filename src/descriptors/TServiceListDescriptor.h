@@ -9,8 +9,8 @@
 
 namespace Vuro {
 
-// service_list_descriptor (0x41): the services of a transport stream with
-// their types, keyed by the item's 8-bit service id.
+/// service_list_descriptor (0x41): the services of a transport stream with
+/// their types, keyed by the item's 8-bit service id.
 class TServiceListDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -21,15 +21,15 @@ public:
     TServiceListDescriptor(U8* data, U32 length);
     virtual ~TServiceListDescriptor();
 
-    // *parsedLength receives the length of the last item (0 for an empty
-    // loop), not the body length; callers size the descriptor from its header.
+    /// *parsedLength receives the length of the last item (0 for an empty
+    /// loop), not the body length; callers size the descriptor from its header.
     static TServiceListDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TServiceListDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);
 
     U32 size() const { return m_pItems.size(); }
-    // Stores under the item's service id; an item already there is displaced
-    // and not deleted. A null item is ignored.
+    /// Stores under the item's service id; an item already there is displaced
+    /// and not deleted. A null item is ignored.
     void add(TServiceListDescriptorItem* item);
     TServiceListDescriptorItem* get(U8 serviceID) const { return m_pItems.get(serviceID); }
     std::list<U8> getServiceIDs() const { return m_pItems.keys(); }

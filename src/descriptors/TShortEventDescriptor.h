@@ -7,8 +7,8 @@
 
 namespace Vuro {
 
-// short_event_descriptor (0x4D): ISO_639_language_code (24), event_name_length
-// (8) and name, text_length (8) and text, all as raw bytes.
+/// short_event_descriptor (0x4D): ISO_639_language_code (24), event_name_length
+/// (8) and name, text_length (8) and text, all as raw bytes.
 class TShortEventDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -19,11 +19,11 @@ public:
     TShortEventDescriptor(U8* data, U32 length);
     virtual ~TShortEventDescriptor();
 
-    // dataLength is what remains of the enclosing descriptor loop, not
-    // descriptor_length + 2: the strings are bounded by that remainder. Once
-    // the header check has passed, *parsedLength (when given) receives
-    // descriptor_length + 2, whether the body then parses or not, so that the
-    // caller can step over the descriptor.
+    /// dataLength is what remains of the enclosing descriptor loop, not
+    /// descriptor_length + 2: the strings are bounded by that remainder. Once
+    /// the header check has passed, *parsedLength (when given) receives
+    /// descriptor_length + 2, whether the body then parses or not, so that the
+    /// caller can step over the descriptor.
     static TShortEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TShortEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                         const U8* limit);

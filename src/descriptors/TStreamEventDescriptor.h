@@ -5,21 +5,21 @@
 
 namespace Vuro {
 
-// stream_event_descriptor (tag 4, DSM-CC stream descriptor; older broadcasts
-// tag it 26): eventId (16) reserved (31) eventNPT (33), split into its top
-// bit (H) and lower 32 bits (L), then private data to the end of the
-// descriptor (an owned copy).
+/// stream_event_descriptor (tag 4, DSM-CC stream descriptor; older broadcasts
+/// tag it 26): eventId (16) reserved (31) eventNPT (33), split into its top
+/// bit (H) and lower 32 bits (L), then private data to the end of the
+/// descriptor (an owned copy).
 class TStreamEventDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
 public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x04;
-    // The tag older DSM-CC sections carry; the section table rewrites it to
-    // DESCRIPTOR_TAG before parsing (see TDSMCCSectionTable).
+    /// The tag older DSM-CC sections carry; the section table rewrites it to
+    /// DESCRIPTOR_TAG before parsing (see TDSMCCSectionTable).
     static constexpr VURO_U8 DESCRIPTOR_TAG_OLD = 26;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 10;
 
-    // eventId values of the Ginga stream events.
+    /// eventId values of the Ginga stream events.
     static constexpr VURO_U16 ISDBT_EVENT_ID_OPEN_BASE = 0;
     static constexpr VURO_U16 ISDBT_EVENT_ID_ACTIVATE_BASE = 1;
     static constexpr VURO_U16 ISDBT_EVENT_ID_DEACTIVATE_BASE = 2;
@@ -40,7 +40,7 @@ public:
     TStreamEventDescriptor(U8* data, U32 length);
     virtual ~TStreamEventDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TStreamEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TStreamEventDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                          const U8* limit);
@@ -48,7 +48,7 @@ public:
     U16 getEventID() const { return m_iEventID; }
     U8 getEventNPTH() const { return m_iEventNPTH; }
     U32 getEventNPTL() const { return m_iEventNPTL; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getPrivateDataSize() const { return m_iPrivateDataSize; }
     U8* getPrivateData() const { return m_pPrivateData; }
 

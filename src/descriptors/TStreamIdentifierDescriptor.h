@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// stream_identifier_descriptor (0x52): component_tag (8) of an elementary
-// stream.
+/// stream_identifier_descriptor (0x52): component_tag (8) of an elementary
+/// stream.
 class TStreamIdentifierDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TStreamIdentifierDescriptor(U8* data, U32 length);
     virtual ~TStreamIdentifierDescriptor();
 
-    // *parsedLength receives 1.
+    /// *parsedLength receives 1.
     static TStreamIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TStreamIdentifierDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                               const U8* limit);

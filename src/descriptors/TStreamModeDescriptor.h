@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// stream_mode_descriptor (tag 3, DSM-CC stream descriptor): streamMode (8)
-// reserved (8).
+/// stream_mode_descriptor (tag 3, DSM-CC stream descriptor): streamMode (8)
+/// reserved (8).
 class TStreamModeDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -14,7 +14,7 @@ public:
     static constexpr VURO_U8 DESCRIPTOR_TAG = 0x03;
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_LENGTH = 2;
 
-    // streamMode values.
+    /// streamMode values.
     static constexpr VURO_U8 STREAM_MODE_OPEN = 0;
     static constexpr VURO_U8 STREAM_MODE_PAUSE = 1;
     static constexpr VURO_U8 STREAM_MODE_TRANSPORT = 2;
@@ -29,7 +29,7 @@ public:
     TStreamModeDescriptor(U8* data, U32 length);
     virtual ~TStreamModeDescriptor();
 
-    // parsedLength is not written.
+    /// parsedLength is not written.
     static TStreamModeDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TStreamModeDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                         const U8* limit);

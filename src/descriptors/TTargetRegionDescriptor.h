@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// target_region_descriptor (0xC6): region_spec_type (8), then the
-// target_region_spec bytes to the end of the descriptor (an owned copy).
+/// target_region_descriptor (0xC6): region_spec_type (8), then the
+/// target_region_spec bytes to the end of the descriptor (an owned copy).
 class TTargetRegionDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,13 +17,13 @@ public:
     TTargetRegionDescriptor(U8* data, U32 length);
     virtual ~TTargetRegionDescriptor();
 
-    // *parsedLength receives dataLength - 2.
+    /// *parsedLength receives dataLength - 2.
     static TTargetRegionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode);
     static TTargetRegionDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                                           const U8* limit);
 
     U16 getRegionSpecType() const { return m_iRegionSpecType; }
-    // Size kept in 8 bits; the data is null when the descriptor carries none.
+    /// Size kept in 8 bits; the data is null when the descriptor carries none.
     U8 getSpecSize() const { return m_iSpecSize; }
     U8* getSpecData() const { return m_pSpec; }
 

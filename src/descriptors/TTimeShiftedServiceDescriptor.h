@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// time_shifted_service_descriptor (0x4C): reference_service_id (16) of the
-// NVOD reference service this service time-shifts.
+/// time_shifted_service_descriptor (0x4C): reference_service_id (16) of the
+/// NVOD reference service this service time-shifts.
 class TTimeShiftedServiceDescriptor : public TISDBTDescriptor {
     friend class TISDBTDescriptor;
 
@@ -17,7 +17,7 @@ public:
     TTimeShiftedServiceDescriptor(U8* data, U32 length);
     virtual ~TTimeShiftedServiceDescriptor();
 
-    // *parsedLength receives 2.
+    /// *parsedLength receives 2.
     static TTimeShiftedServiceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                 U16* errorCode);
     static TTimeShiftedServiceDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,

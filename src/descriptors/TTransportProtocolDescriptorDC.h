@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// Transport protocol selector of the data carousel (protocol_id 4).
+/// Transport protocol selector of the data carousel (protocol_id 4).
 class TTransportProtocolDescriptorDC : public TTransportProtocolCarouselDescriptor {
     friend class TTransportProtocolDescriptor;
 
 public:
-    // data is the descriptor, length the descriptor_length + 2 less 2.
+    /// data is the descriptor, length the descriptor_length + 2 less 2.
     TTransportProtocolDescriptorDC(U8* data, U32 length);
-    // A copy of every field and the label, without raw bytes.
+    /// A copy of every field and the label, without raw bytes.
     explicit TTransportProtocolDescriptorDC(TTransportProtocolDescriptorDC* source);
     virtual ~TTransportProtocolDescriptorDC();
 

@@ -8,19 +8,19 @@
 
 namespace Vuro {
 
-// Transport protocol selector of IP multicast (protocol_id 2):
-// remote_connection (1), reserved (7), the three 16-bit ids when remote,
-// alignment_indicator (1), reserved (7), then URLs, each an 8-bit length and
-// that many bytes, to the end of the descriptor.
+/// Transport protocol selector of IP multicast (protocol_id 2):
+/// remote_connection (1), reserved (7), the three 16-bit ids when remote,
+/// alignment_indicator (1), reserved (7), then URLs, each an 8-bit length and
+/// that many bytes, to the end of the descriptor.
 class TTransportProtocolDescriptorIP : public TTransportProtocolDescriptor {
 public:
     static constexpr VURO_U32 MINIMUM_DESCRIPTOR_SPECIFIC_LENGTH = 5;
 
     TTransportProtocolDescriptorIP(U8* data, U32 length);
-    // A descriptor built by hand: no raw bytes, label 0, no remote ids, not
-    // aligned, url as its only URL.
+    /// A descriptor built by hand: no raw bytes, label 0, no remote ids, not
+    /// aligned, url as its only URL.
     explicit TTransportProtocolDescriptorIP(std::string url);
-    // A copy of every field, the label and the URLs, without raw bytes.
+    /// A copy of every field, the label and the URLs, without raw bytes.
     explicit TTransportProtocolDescriptorIP(TTransportProtocolDescriptorIP* source);
     virtual ~TTransportProtocolDescriptorIP();
 
@@ -33,10 +33,10 @@ public:
     BOOL isAligned() const { return m_bAlignmentIndicator; }
 
     U32 getURLCount() const { return static_cast<U32>(m_pURLs.size()); }
-    // The URL at index (a copy); an empty string at or beyond the count.
+    /// The URL at index (a copy); an empty string at or beyond the count.
     std::string getURL(U8 index) const;
     void addURL(std::string url) { m_pURLs.push_back(url); }
-    // FALSE when there is no URL at index.
+    /// FALSE when there is no URL at index.
     BOOL removeURL(U8 index);
 
 private:

@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// Transport protocol selector of the object carousel (protocol_id 1; also built for protocol_id 5, profile C).
+/// Transport protocol selector of the object carousel (protocol_id 1; also built for protocol_id 5, profile C).
 class TTransportProtocolDescriptorOC : public TTransportProtocolCarouselDescriptor {
     friend class TTransportProtocolDescriptor;
 
 public:
-    // data is the descriptor, length the descriptor_length + 2 less 2.
+    /// data is the descriptor, length the descriptor_length + 2 less 2.
     TTransportProtocolDescriptorOC(U8* data, U32 length);
-    // A copy of every field and the label, without raw bytes.
+    /// A copy of every field and the label, without raw bytes.
     explicit TTransportProtocolDescriptorOC(TTransportProtocolDescriptorOC* source);
     virtual ~TTransportProtocolDescriptorOC();
 

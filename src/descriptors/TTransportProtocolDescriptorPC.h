@@ -5,14 +5,14 @@
 
 namespace Vuro {
 
-// Transport protocol selector of the profile C: a carousel of another broadcast (protocol_id 5; never built by parse).
+/// Transport protocol selector of the profile C: a carousel of another broadcast (protocol_id 5; never built by parse).
 class TTransportProtocolDescriptorPC : public TTransportProtocolCarouselDescriptor {
     friend class TTransportProtocolDescriptor;
 
 public:
-    // data is the descriptor, length the descriptor_length + 2 less 2.
+    /// data is the descriptor, length the descriptor_length + 2 less 2.
     TTransportProtocolDescriptorPC(U8* data, U32 length);
-    // A copy of every field and the label, without raw bytes.
+    /// A copy of every field and the label, without raw bytes.
     explicit TTransportProtocolDescriptorPC(TTransportProtocolDescriptorPC* source);
     virtual ~TTransportProtocolDescriptorPC();
 

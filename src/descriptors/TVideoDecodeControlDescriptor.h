@@ -6,8 +6,8 @@
 
 namespace Vuro {
 
-// video_decode_control_descriptor (0xC8): still_picture_flag (1)
-// sequence_end_code_flag (1) video_encode_format (4) reserved (2).
+/// video_decode_control_descriptor (0xC8): still_picture_flag (1)
+/// sequence_end_code_flag (1) video_encode_format (4) reserved (2).
 class TVideoDecodeControlDescriptor : public TISDBTDescriptor, public TVideoEncodeFormat {
     friend class TISDBTDescriptor;
 
@@ -19,7 +19,7 @@ public:
     TVideoDecodeControlDescriptor(U8* data, U32 length);
     virtual ~TVideoDecodeControlDescriptor();
 
-    // *parsedLength receives 1.
+    /// *parsedLength receives 1.
     static TVideoDecodeControlDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,
                                                 U16* errorCode);
     static TVideoDecodeControlDescriptor* parse(U8* sectionData, U32 dataLength, U32* parsedLength,

@@ -5,8 +5,8 @@
 
 namespace Vuro {
 
-// video_encode_format values, as the video decode control descriptor signals
-// them; the video descriptors that name them take them from here.
+/// video_encode_format values, as the video decode control descriptor signals
+/// them; the video descriptors that name them take them from here.
 struct TVideoEncodeFormat {
     static constexpr VURO_U8 VIDEO_ENCODE_FORMAT_1080P = 0;
     static constexpr VURO_U8 VIDEO_ENCODE_FORMAT_1080I = 1;

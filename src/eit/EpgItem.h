@@ -11,16 +11,16 @@
 
 namespace Vuro {
 
-// A flat programme guide record built by the caller from an event table's
-// event and kept after the table is gone: the identifying numbers, the times,
-// the texts and raw copies of chosen descriptors, from which descriptor
-// objects are rebuilt on demand.
+/// A flat programme guide record built by the caller from an event table's
+/// event and kept after the table is gone: the identifying numbers, the times,
+/// the texts and raw copies of chosen descriptors, from which descriptor
+/// objects are rebuilt on demand.
 class EpgItem {
 public:
     EpgItem(U8 tableId, U16 serviceId, U16 tsId, U16 networkId, U16 eventId, S32 startTime, U32 duration,
             U8 runningStatus, U8 sectionNumber, std::string language, std::string eventName,
             std::string eventDescription);
-    // Logs its destructor line and frees every byte copy it made.
+    /// Logs its destructor line and frees every byte copy it made.
     virtual ~EpgItem();
 
     EpgItem(const EpgItem&) = delete;
@@ -31,33 +31,37 @@ public:
     U16 getTsId() const { return tsId; }
     U16 getNetworkId() const { return ntwrkId; }
     U16 getEventId() const { return eventId; }
+    /// Seconds since 1970-01-01 00:00, as the caller gave it (an event's start time carries no time zone).
     S32 getStartTime() const { return startTime; }
+    /// Seconds, as the caller gave it.
     U32 getDuration() const { return duration; }
+    /// running_status (3): 1 not running, 2 starts in a few seconds, 3 pausing, 4 running.
     U8 getRunningStatus() const { return runningStatus; }
+    /// The section the event came in: with table_id 0x4E, 0 is the present and 1 the following event.
     U8 getSectionNumber() const { return sectionNumber; }
     std::string getLanguageCode() const { return language; }
     std::string getEventName() const { return eventName; }
     std::string getEventDescription() const { return eventDescription; }
 
-    // Copies size bytes of a whole descriptor (tag and length included) under
-    // tag; a later copy for the same tag replaces the earlier in the map. The
-    // earlier copy stays allocated until the record is destroyed, so
-    // descriptors already built from it remain valid.
+    /// Copies size bytes of a whole descriptor (tag and length included) under
+    /// tag; a later copy for the same tag replaces the earlier in the map. The
+    /// earlier copy stays allocated until the record is destroyed, so
+    /// descriptors already built from it remain valid.
     void addDescriptorData(U8 tag, U8* data, U32 size);
-    // Ascending.
+    /// Ascending.
     std::list<U8> getDescriptorTags() const;
-    // A new descriptor (the caller owns it) parsed from the stored copy for
-    // 0x50, 0x54, 0x55, 0xC4 or 0xC1; null for any other stored tag, or, with
-    // a "not found" line, for a tag never stored. The descriptor points into
-    // the record's copy and is valid while the record lives.
+    /// A new descriptor (the caller owns it) parsed from the stored copy for
+    /// 0x50, 0x54, 0x55, 0xC4 or 0xC1; null for any other stored tag, or, with
+    /// a "not found" line, for a tag never stored. The descriptor points into
+    /// the record's copy and is valid while the record lives.
     TISDBTDescriptor* getDescriptor(U8 tag);
 
-    // Present: table 0x4E, section 0, running. Following: table 0x4E, section
-    // 1, not yet running. Anything else is a schedule event.
+    /// Present: table 0x4E, section 0, running. Following: table 0x4E, section
+    /// 1, not yet running. Anything else is a schedule event.
     BOOL isPresentEvent() const;
     BOOL isFollowingEvent() const;
 
-    // Writes the record to the log (info priority).
+    /// Writes the record to the log (info priority).
     void printItem();
 
 private:

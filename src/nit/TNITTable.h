@@ -9,10 +9,10 @@
 
 namespace Vuro {
 
-// network_information_section of the actual network (PID 0x0010, table_id
-// 0x40; other-network sections, 0x41, are refused): network_id, the network
-// descriptors kept one per kind, and the transport streams keyed by
-// transport_stream_id.
+/// network_information_section of the actual network (PID 0x0010, table_id
+/// 0x40; other-network sections, 0x41, are refused): network_id, the network
+/// descriptors kept one per kind, and the transport streams keyed by
+/// transport_stream_id.
 class TNITTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
     friend struct TNetworkDescriptorSlots;
@@ -23,18 +23,18 @@ public:
     TNITTable(U8* sectionData, U32 dataLength);
     virtual ~TNITTable();
 
-    // Note the flag order: checkCRC32 (never verified), then parseDescriptors
-    // (no effect: descriptors are always parsed). The body is read from the
-    // table's own copy, so its descriptors live as long as the table.
+    /// Note the flag order: checkCRC32 (never verified), then parseDescriptors
+    /// (no effect: descriptors are always parsed). The body is read from the
+    /// table's own copy, so its descriptors live as long as the table.
     static TNITTable* parse(U8* sectionData, U32 dataLength, BOOL checkCRC32, BOOL parseDescriptors,
                             U16* errorCode, TNITTable* previous);
 
     U16 getNetworkID() const { return m_iGenericDataField; }
 
-    // The network descriptor kept for tag 0x40, 0xFE, 0x41, 0x4A, 0xFA, 0xFC,
-    // 0xFB or 0xCD; null for any other tag or an empty slot.
+    /// The network descriptor kept for tag 0x40, 0xFE, 0x41, 0x4A, 0xFA, 0xFC,
+    /// 0xFB or 0xCD; null for any other tag or an empty slot.
     TISDBTDescriptor* getDescriptor(U8 descriptorTag) const override;
-    // Tags of the network descriptors kept, in that order.
+    /// Tags of the network descriptors kept, in that order.
     std::list<U8> getDescriptorTags() const override;
 
     TNetworkNameDescriptor* getNetworkNameDescriptor() const { return m_pNetworkNameDesc; }
@@ -46,16 +46,16 @@ public:
     TPartialReceptionDescriptor* getPartialReceptionDescriptor() const { return m_pPartialRecepDesc; }
     TTSInformationDescriptor* getTSInformationDescriptor() const { return m_pTSInfoDesc; }
 
-    // Number of transport streams (entries, not bytes).
+    /// Number of transport streams (entries, not bytes).
     U32 getTransportStreamLoopSize() const { return m_pItems.size(); }
-    // Stores under the item's transport_stream_id and takes ownership; an
-    // entry already there is displaced and not deleted. A null item is ignored.
+    /// Stores under the item's transport_stream_id and takes ownership; an
+    /// entry already there is displaced and not deleted. A null item is ignored.
     void addTransportStreamInfo(TTransportStreamInfo* item);
     TTransportStreamInfo* getTransportStreamInfo(U16 transportStreamID) const
     {
         return m_pItems.get(transportStreamID);
     }
-    // Ascending.
+    /// Ascending.
     std::list<U16> getTransportStreamIDs() const;
     BOOL removeTransportStreamInfo(U16 transportStreamID) { return m_pItems.remove(transportStreamID); }
 

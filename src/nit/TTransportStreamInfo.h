@@ -17,9 +17,9 @@ namespace Vuro {
 
 struct TNetworkDescriptorSlots;
 
-// One transport stream of a network information section:
-// transport_stream_id (16), original_network_id (16), reserved (4),
-// transport_descriptors_length (12), descriptors. One descriptor per kind.
+/// One transport stream of a network information section:
+/// transport_stream_id (16), original_network_id (16), reserved (4),
+/// transport_descriptors_length (12), descriptors. One descriptor per kind.
 class TTransportStreamInfo : public TISDBTArenaObject {
     friend struct TNetworkDescriptorSlots;
 
@@ -30,23 +30,23 @@ public:
     TTransportStreamInfo(const TTransportStreamInfo&) = delete;
     TTransportStreamInfo& operator=(const TTransportStreamInfo&) = delete;
 
-    // dataLength is what remains of the section, not of the loop. Descriptors
-    // are always parsed (parseDescriptors has no effect); zero-length ones,
-    // stuffing and unknown tags are skipped without a log line. On success
-    // *itemLength receives the bytes consumed.
+    /// dataLength is what remains of the section, not of the loop. Descriptors
+    /// are always parsed (parseDescriptors has no effect); zero-length ones,
+    /// stuffing and unknown tags are skipped without a log line. On success
+    /// *itemLength receives the bytes consumed.
     static TTransportStreamInfo* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                        U16* errorCode);
-    // Same, reading nothing at or beyond limit (the end of the section buffer).
+    /// Same, reading nothing at or beyond limit (the end of the section buffer).
     static TTransportStreamInfo* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                        U16* errorCode, const U8* limit);
 
     U16 getTransportStreamID() const { return m_iTransportStreamID; }
     U16 getOriginalNetworkID() const { return m_iOriginalNetworkID; }
 
-    // The descriptor kept for tag 0x40, 0xFE, 0x41, 0x4A, 0xFA, 0xFC, 0xFB or
-    // 0xCD; null for any other tag or an empty slot.
+    /// The descriptor kept for tag 0x40, 0xFE, 0x41, 0x4A, 0xFA, 0xFC, 0xFB or
+    /// 0xCD; null for any other tag or an empty slot.
     TISDBTDescriptor* getDescriptor(U8 descriptorTag) const;
-    // Tags of the descriptors kept, in that order.
+    /// Tags of the descriptors kept, in that order.
     std::list<U8> getDescriptorTags() const;
 
     TNetworkNameDescriptor* getNetworkNameDescriptor() const { return m_pNetworkNameDesc; }

@@ -6,7 +6,7 @@
 
 namespace Vuro {
 
-// One program of a PAT: program_number and its program map PID.
+/// One program of a PAT: program_number and its program map PID.
 class TProgramAssociation : public TISDBTArenaObject {
 public:
     TProgramAssociation(U16 programNumber, U16 programMapPid);

@@ -9,16 +9,16 @@
 
 namespace Vuro {
 
-// TS_program_map_section (table_id 0x02, on the PID the PAT announces):
-// program_number, PCR_PID, the programme-level descriptors of the
-// program_info loop kept one per kind, and the elementary streams in section
-// order.
+/// TS_program_map_section (table_id 0x02, on the PID the PAT announces):
+/// program_number, PCR_PID, the programme-level descriptors of the
+/// program_info loop kept one per kind, and the elementary streams in section
+/// order.
 class TPMTTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
     friend class TStreamDescriptorSlots<TPMTTable>;
 
 public:
-    // PCR_PID and program_info_length.
+    /// PCR_PID and program_info_length.
     static constexpr VURO_U32 MINIMUM_DATA_LENGTH = 4;
 
     TPMTTable(U8* sectionData, U32 dataLength);
@@ -27,47 +27,47 @@ public:
     TPMTTable(const TPMTTable&) = delete;
     TPMTTable& operator=(const TPMTTable&) = delete;
 
-    // Note the flag order: parseDescriptors (no effect: descriptors are always
-    // parsed), then checkCRC32 (never verified). The body is read from the
-    // table's own copy, so its descriptors, the streams' included, live as
-    // long as the table. The streams' parent links are left unset.
+    /// Note the flag order: parseDescriptors (no effect: descriptors are always
+    /// parsed), then checkCRC32 (never verified). The body is read from the
+    /// table's own copy, so its descriptors, the streams' included, live as
+    /// long as the table. The streams' parent links are left unset.
     static TPMTTable* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, BOOL checkCRC32,
                             U16* errorCode, TPMTTable* previous);
 
     U16 getProgramNumber() const { return m_iGenericDataField; }
     U16 getPCRPID() const { return m_iPCRPID; }
 
-    // Number of streams.
+    /// Number of streams.
     U32 size() const { return m_pItems.size(); }
-    // Appends and takes ownership; no duplicate check, no parent link set.
+    /// Appends and takes ownership; no duplicate check, no parent link set.
     void addProgramMap(TProgramMap* item) { m_pItems.add(item); }
-    // The stream at 0-based position index in section order; null at or
-    // beyond size().
+    /// The stream at 0-based position index in section order; null at or
+    /// beyond size().
     TProgramMap* getProgramMap(U8 index) const { return m_pItems.get(index); }
-    // Deletes the stream at index and returns TRUE; FALSE at or beyond size()
-    // (or for a null entry). Pointers to it from earlier look-ups dangle.
+    /// Deletes the stream at index and returns TRUE; FALSE at or beyond size()
+    /// (or for a null entry). Pointers to it from earlier look-ups dangle.
     BOOL removeProgramMap(U8 index) { return m_pItems.remove(index); }
 
-    // The look-ups return new lists of borrowed entries, in section order.
-    // Every stream of that stream_type; the two names are one operation.
+    /// The look-ups return new lists of borrowed entries, in section order.
+    /// Every stream of that stream_type; the two names are one operation.
     std::list<TProgramMap*> getProgramMapByStreamType(U8 streamType) const;
     std::list<TProgramMap*> getProgramMapsByStreamType(U8 streamType) const;
-    // Every stream whose own stream identifier descriptor (not inherited)
-    // carries that component_tag.
+    /// Every stream whose own stream identifier descriptor (not inherited)
+    /// carries that component_tag.
     std::list<TProgramMap*> getProgramMapByComponentTag(U8 componentTag) const;
-    // Every stream of that stream_type whose own data component descriptor
-    // carries data_component_id componentID. The id is taken in 8 bits, so
-    // data_component_id values above 0xFF never match; callers rely on the
-    // narrow argument, which stays.
+    /// Every stream of that stream_type whose own data component descriptor
+    /// carries data_component_id componentID. The id is taken in 8 bits, so
+    /// data_component_id values above 0xFF never match; callers rely on the
+    /// narrow argument, which stays.
     std::list<TProgramMap*> getProgramMap(U8 streamType, U8 componentID) const;
 
-    // The programme-level descriptor for the tags TProgramMap::getDescriptor
-    // answers (0xDE deliberately not among them); null otherwise.
+    /// The programme-level descriptor for the tags TProgramMap::getDescriptor
+    /// answers (0xDE deliberately not among them); null otherwise.
     TISDBTDescriptor* getDescriptor(U8 tag) const override;
-    // Tags of the programme-level descriptors in member order, never 0xDE.
+    /// Tags of the programme-level descriptors in member order, never 0xDE.
     std::list<U8> getDescriptorTags() const override;
 
-    // Programme-level descriptors, null when the program_info loop had none.
+    /// Programme-level descriptors, null when the program_info loop had none.
     TCAIdentifierDescriptor* getCAIdentifierDescriptor() const { return m_pCAIdentifierDesc; }
     TCopyrightDescriptor* getCopyrightDescriptor() const { return m_pCopyrightDesc; }
     TCountryAvailabilityDescriptor* getCountryAvailabilityDescriptor() const { return m_pCountryAvailabilityDesc; }

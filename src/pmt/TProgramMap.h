@@ -34,17 +34,17 @@ class TPMTTable;
 template <class Owner>
 class TStreamDescriptorSlots;
 
-// One elementary stream of a program map section: stream_type (8),
-// reserved (3), elementary_PID (13), reserved (4), ES_info_length (12), then
-// the ES_info descriptors, of which one per kind is kept. A stream may be
-// linked to its table, whose programme-level descriptors then answer for the
-// kinds the stream lacks.
+/// One elementary stream of a program map section: stream_type (8),
+/// reserved (3), elementary_PID (13), reserved (4), ES_info_length (12), then
+/// the ES_info descriptors, of which one per kind is kept. A stream may be
+/// linked to its table, whose programme-level descriptors then answer for the
+/// kinds the stream lacks.
 class TProgramMap : public TISDBTArenaObject {
     friend class TStreamDescriptorSlots<TProgramMap>;
 
 public:
-    // stream_type values (ISO/IEC 13818-1 and ARIB assignments), offered to
-    // callers; the parse does not look at the stream_type.
+    /// stream_type values (ISO/IEC 13818-1 and ARIB assignments), offered to
+    /// callers; the parse does not look at the stream_type.
     static constexpr VURO_U8 STREAM_TYPE_0X01 = 0x01;
     static constexpr VURO_U8 STREAM_TYPE_0X02 = 0x02;
     static constexpr VURO_U8 STREAM_TYPE_0X03 = 0x03;
@@ -79,41 +79,41 @@ public:
     TProgramMap();
     virtual ~TProgramMap();
 
-    // Entries move between owners as pointers only.
+    /// Entries move between owners as pointers only.
     TProgramMap(const TProgramMap&) = delete;
     TProgramMap& operator=(const TProgramMap&) = delete;
 
-    // dataLength is what remains of the section body from sectionData on.
-    // Descriptors are always parsed (parseDescriptors has no effect); empty
-    // ones and unknown tags are skipped without a log line. On success
-    // *itemLength receives the bytes consumed. The descriptors borrow the
-    // bytes they were parsed from.
+    /// dataLength is what remains of the section body from sectionData on.
+    /// Descriptors are always parsed (parseDescriptors has no effect); empty
+    /// ones and unknown tags are skipped without a log line. On success
+    /// *itemLength receives the bytes consumed. The descriptors borrow the
+    /// bytes they were parsed from.
     static TProgramMap* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                               U16* errorCode);
-    // Same, reading nothing at or beyond limit (the end of the section buffer).
+    /// Same, reading nothing at or beyond limit (the end of the section buffer).
     static TProgramMap* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                               U16* errorCode, const U8* limit);
 
-    // The table whose programme-level descriptors the getters fall back on
-    // when asked to inherit; not owned. Nothing sets it but this call (the
-    // table's parse does not).
+    /// The table whose programme-level descriptors the getters fall back on
+    /// when asked to inherit; not owned. Nothing sets it but this call (the
+    /// table's parse does not).
     void setParentPMTTable(TPMTTable* parent) { m_pParentPMTTable = parent; }
 
     U8 getStreamType() const { return m_iStreamType; }
     U16 getElementaryPID() const { return m_iElementaryPID; }
 
-    // The entry's own descriptor for 0x0A, 0x0D, 0x13, 0x28, 0x2A, 0x49,
-    // 0x4A, 0x50, 0x51, 0x52, 0x53, 0x55, 0x7C, 0xC0, 0xC1, 0xC6, 0xC8, 0xF7,
-    // 0xF8, 0xFC, 0xFD or 0xFE; null otherwise, 0xDE included (reach content
-    // availability through its getter). Never asks the parent.
+    /// The entry's own descriptor for 0x0A, 0x0D, 0x13, 0x28, 0x2A, 0x49,
+    /// 0x4A, 0x50, 0x51, 0x52, 0x53, 0x55, 0x7C, 0xC0, 0xC1, 0xC6, 0xC8, 0xF7,
+    /// 0xF8, 0xFC, 0xFD or 0xFE; null otherwise, 0xDE included (reach content
+    /// availability through its getter). Never asks the parent.
     TISDBTDescriptor* getDescriptor(U8 tag) const;
-    // Tags of the entry's own descriptors in member order, never 0xDE.
+    /// Tags of the entry's own descriptors in member order, never 0xDE.
     std::list<U8> getDescriptorTags() const;
 
-    // With inherit set, an entry lacking the descriptor asks its parent table
-    // (when linked); a descriptor found there sets *inherited (when given) to
-    // TRUE. *inherited is never set to FALSE: the caller initialises it.
-    // Without inherit, or with the entry's own descriptor, returns that (or null).
+    /// With inherit set, an entry lacking the descriptor asks its parent table
+    /// (when linked); a descriptor found there sets *inherited (when given) to
+    /// TRUE. *inherited is never set to FALSE: the caller initialises it.
+    /// Without inherit, or with the entry's own descriptor, returns that (or null).
     TCAIdentifierDescriptor* getCAIdentifierDescriptor(BOOL inherit, BOOL* inherited) const;
     TCopyrightDescriptor* getCopyrightDescriptor(BOOL inherit, BOOL* inherited) const;
     TCountryAvailabilityDescriptor* getCountryAvailabilityDescriptor(BOOL inherit, BOOL* inherited) const;

@@ -18,18 +18,18 @@
 
 namespace Vuro {
 
-// One service of a service description section: service_id (16),
-// reserved_future_use (6), EIT_schedule_flag (1), EIT_present_following_flag
-// (1), running_status (3), free_CA_mode (1), descriptors_loop_length (12),
-// descriptors. One descriptor per kind.
+/// One service of a service description section: service_id (16),
+/// reserved_future_use (6), EIT_schedule_flag (1), EIT_present_following_flag
+/// (1), running_status (3), free_CA_mode (1), descriptors_loop_length (12),
+/// descriptors. One descriptor per kind.
 class TServiceDescription : public TISDBTArenaObject {
 public:
-    // running_status values.
+    /// running_status values.
     static constexpr VURO_U16 RUNNING_STATUS_NOT_RUNNING = 1;
     static constexpr VURO_U16 RUNNING_STATUS_STARTS_IN_A_FEW_MINUTES = 2;
     static constexpr VURO_U16 RUNNING_STATUS_PAUSING = 3;
     static constexpr VURO_U16 RUNNING_STATUS_RUNNING = 4;
-    // free_CA_mode values.
+    /// free_CA_mode values.
     static constexpr VURO_U16 FREE_CA_MODE_NOT_SCRAMBLED = 0;
     static constexpr VURO_U16 FREE_CA_MODE_CA_SYSTEM = 1;
 
@@ -39,14 +39,14 @@ public:
     TServiceDescription(const TServiceDescription&) = delete;
     TServiceDescription& operator=(const TServiceDescription&) = delete;
 
-    // dataLength is what remains of the section, not of the service.
-    // Descriptors are always parsed (parseDescriptors has no effect); stuffing
-    // is skipped silently, other tags the service does not keep with a log
-    // line. The descriptors borrow sectionData. On success *itemLength
-    // receives the bytes consumed.
+    /// dataLength is what remains of the section, not of the service.
+    /// Descriptors are always parsed (parseDescriptors has no effect); stuffing
+    /// is skipped silently, other tags the service does not keep with a log
+    /// line. The descriptors borrow sectionData. On success *itemLength
+    /// receives the bytes consumed.
     static TServiceDescription* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                       U16* errorCode);
-    // Same, reading nothing at or beyond limit (the end of the section buffer).
+    /// Same, reading nothing at or beyond limit (the end of the section buffer).
     static TServiceDescription* parse(U8* sectionData, U32 dataLength, BOOL parseDescriptors, U32* itemLength,
                                       U16* errorCode, const U8* limit);
 
@@ -56,11 +56,11 @@ public:
     U8 getRunningStatus() const { return m_iRunningStatus; }
     U8 getFreeCAMode() const { return m_iFreeCAMode; }
 
-    // The descriptor kept for tag 0x47, 0x48, 0x49, 0x4A, 0x4B, 0x4C, 0x51,
-    // 0x53, 0xC1, 0xCF or 0xDE; null for any other tag or an empty slot.
+    /// The descriptor kept for tag 0x47, 0x48, 0x49, 0x4A, 0x4B, 0x4C, 0x51,
+    /// 0x53, 0xC1, 0xCF or 0xDE; null for any other tag or an empty slot.
     TISDBTDescriptor* getDescriptor(U8 descriptorTag) const;
-    // Tags of the descriptors kept, in the order 0x48, 0x47, 0x49, 0x4A,
-    // 0xC1, 0xCF, 0xDE, 0x4B, 0x4C, 0x51, 0x53.
+    /// Tags of the descriptors kept, in the order 0x48, 0x47, 0x49, 0x4A,
+    /// 0xC1, 0xCF, 0xDE, 0x4B, 0x4C, 0x51, 0x53.
     std::list<U8> getDescriptorTags() const;
 
     TServiceDescriptor* getServiceDescriptor() const { return m_pServiceDesc; }

@@ -7,10 +7,10 @@
 
 namespace Vuro {
 
-// software download trigger section (PIDs 0x0023 / 0x0028, table_id 0xC3):
-// table_id_extension = maker_id (8) model_id (8); transport_stream_id (16)
-// original_network_id (16) service_id (16) num_of_contents (8), then the
-// contents in section order. The section level carries no descriptors.
+/// software download trigger section (PIDs 0x0023 / 0x0028, table_id 0xC3):
+/// table_id_extension = maker_id (8) model_id (8); transport_stream_id (16)
+/// original_network_id (16) service_id (16) num_of_contents (8), then the
+/// contents in section order. The section level carries no descriptors.
 class TSDTTTable : public TISDBTVersionedTable {
     friend class TISDBTTable;
 
@@ -20,15 +20,15 @@ public:
     TSDTTTable(U8* sectionData, U32 dataLength);
     TSDTTTable(const TSDTTTable&) = delete;
     TSDTTTable& operator=(const TSDTTTable&) = delete;
-    // Deletes every content.
+    /// Deletes every content.
     virtual ~TSDTTTable();
 
-    // Note the flag order: checkCRC32 (never verified), then parseDescriptors
-    // (no effect). The body is read from the caller's sectionData: the
-    // download content descriptors keep pointing into it (their copied
-    // private data, modules and texts do not), so that buffer must outlive
-    // the table for getData() of those descriptors. Contents are not linked
-    // back to the table.
+    /// Note the flag order: checkCRC32 (never verified), then parseDescriptors
+    /// (no effect). The body is read from the caller's sectionData: the
+    /// download content descriptors keep pointing into it (their copied
+    /// private data, modules and texts do not), so that buffer must outlive
+    /// the table for getData() of those descriptors. Contents are not linked
+    /// back to the table.
     static TSDTTTable* parse(U8* sectionData, U32 dataLength, BOOL checkCRC32, BOOL parseDescriptors,
                              U16* errorCode, TSDTTTable* previous);
 
@@ -39,13 +39,13 @@ public:
     U16 getOriginalNetworkID() const { return m_iOriginalNetworkID; }
     U16 getServiceID() const { return m_iServiceID; }
 
-    // Contents by 0-based position in section order; null / FALSE past the
-    // end.
+    /// Contents by 0-based position in section order; null / FALSE past the
+    /// end.
     U32 getDownloadContentSize() const { return m_pItems.size(); }
     TDownloadContent* getDownloadContent(U8 index) const { return m_pItems.get(index); }
-    // Appends; the table takes ownership.
+    /// Appends; the table takes ownership.
     void addDownloadContent(TDownloadContent* content) { m_pItems.add(content); }
-    // Unlinks and deletes the content.
+    /// Unlinks and deletes the content.
     BOOL removeDownloadContent(U8 index) { return m_pItems.remove(index); }
 
 private:
