@@ -85,10 +85,41 @@ inline Header& headerOf(void* object)
     return *reinterpret_cast<Header*>(static_cast<char*>(object) - sizeof(Header));
 }
 
+inline std::size_t capacityOf(const Chunk* chunk)
+{
+    return static_cast<std::size_t>(chunk->end - reinterpret_cast<const char*>(chunk + 1));
+}
+
+// The largest chunk freed last on this thread, kept for the next parse: in
+// the steady state a parse then costs no heap call at all. Chunks larger than
+// kLargestKept go back to the heap. Freed when the thread ends.
+constexpr std::size_t kLargestKept = 256 * 1024;
+
+struct KeptChunk {
+    Chunk* chunk = nullptr;
+    ~KeptChunk() { std::free(chunk); }
+};
+#if defined(__GLIBC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local KeptChunk t_kept;
+
+void freeChunk(Chunk* chunk)
+{
+    const std::size_t capacity = capacityOf(chunk);
+    KeptChunk& kept = t_kept;
+    if (capacity <= kLargestKept && (!kept.chunk || capacityOf(kept.chunk) < capacity)) {
+        std::free(kept.chunk);
+        kept.chunk = chunk;
+        return;
+    }
+    std::free(chunk);
+}
+
 inline void unuse(Chunk* chunk)
 {
     if (chunk->users.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        std::free(chunk);
+        freeChunk(chunk);
 }
 
 Chunk* newChunk(Arena& arena, std::size_t need)
@@ -96,7 +127,15 @@ Chunk* newChunk(Arena& arena, std::size_t need)
     std::size_t capacity = arena.nextCapacity;
     if (capacity < need)
         capacity = need;
-    Chunk* chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity));
+    Chunk* chunk = nullptr;
+    KeptChunk& kept = t_kept;
+    if (kept.chunk && capacityOf(kept.chunk) >= capacity) {
+        chunk = kept.chunk;
+        kept.chunk = nullptr;
+        capacity = capacityOf(chunk);
+    } else {
+        chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity));
+    }
     if (!chunk)
         throw std::bad_alloc();
     chunk->users.store(1, std::memory_order_relaxed);
