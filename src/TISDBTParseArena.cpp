@@ -48,9 +48,14 @@ constexpr std::size_t kAlignment = 16;
 constexpr std::size_t kLargestFirstChunk = 64 * 1024;
 
 struct alignas(kAlignment) Chunk {
-    // One for the table, one for each detached object not yet released.
+    // Kept in the parse's first chunk for all its chunks: one for the table,
+    // one for each detached object not yet released. An object of the parse
+    // may refer to objects in any of its chunks (an item's descriptors, an
+    // event's copy of its bytes), so a detached object keeps them all.
     std::atomic<std::size_t> users;
-    Chunk* older; // the previous chunk of the same parse
+    Chunk* first;  // the parse's first chunk
+    Chunk* newest; // in the first chunk: the parse's newest chunk
+    Chunk* older;  // the previous chunk of the same parse
     char* next;
     char* end;
 };
@@ -116,10 +121,17 @@ void freeChunk(Chunk* chunk)
     std::free(chunk);
 }
 
+// One user of the parse chunk belongs to is gone; the last frees them all.
 inline void unuse(Chunk* chunk)
 {
-    if (chunk->users.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        freeChunk(chunk);
+    Chunk* first = chunk->first;
+    if (first->users.fetch_sub(1, std::memory_order_acq_rel) != 1)
+        return;
+    for (Chunk* newest = first->newest; newest;) {
+        Chunk* older = newest->older;
+        freeChunk(newest);
+        newest = older;
+    }
 }
 
 Chunk* newChunk(Arena& arena, std::size_t need)
@@ -138,8 +150,11 @@ Chunk* newChunk(Arena& arena, std::size_t need)
     }
     if (!chunk)
         throw std::bad_alloc();
-    chunk->users.store(1, std::memory_order_relaxed);
     chunk->older = static_cast<Chunk*>(arena.chunks);
+    chunk->first = chunk->older ? chunk->older->first : chunk;
+    chunk->first->newest = chunk;
+    if (!chunk->older)
+        chunk->users.store(1, std::memory_order_relaxed);
     chunk->next = reinterpret_cast<char*>(chunk + 1);
     chunk->end = chunk->next + capacity;
     arena.chunks = chunk;
@@ -150,11 +165,8 @@ Chunk* newChunk(Arena& arena, std::size_t need)
 // The table is gone: its parse's chunks lose their first user.
 void releaseChunks(Chunk* newest)
 {
-    while (newest) {
-        Chunk* older = newest->older;
+    if (newest)
         unuse(newest);
-        newest = older;
-    }
 }
 
 } // namespace
@@ -209,7 +221,7 @@ void detach(void* object) noexcept
     Header& header = headerOf(object);
     if (!header.owner || header.state != kPlain)
         return;
-    header.owner->users.fetch_add(1, std::memory_order_relaxed);
+    header.owner->first->users.fetch_add(1, std::memory_order_relaxed);
     header.state = kDetached;
 }
 
