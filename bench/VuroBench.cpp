@@ -93,7 +93,7 @@ std::vector<TableClass> tableClasses()
             {"PMT", {0x02}, vuroParse<TPMTTable>, dvbParse_pmt},
             {"NIT", {0x40, 0x41}, vuroParse<TNITTable>, dvbParse_nit},
             {"SDT", {0x42, 0x46}, vuroParse<TSDTTable>, dvbParse_sdt},
-            {"EIT", eitIds, nullptr, dvbParse_eit},
+            {"EIT", eitIds, vuroParse<TEITTable>, dvbParse_eit},
             {"TOT", {0x73}, vuroParse<TTOTTable>, nullptr}};
 }
 

@@ -48,9 +48,14 @@ constexpr std::size_t kAlignment = 16;
 constexpr std::size_t kLargestFirstChunk = 64 * 1024;
 
 struct alignas(kAlignment) Chunk {
-    // One for the table, one for each detached object not yet released.
+    // Kept in the parse's first chunk for all its chunks: one for the table,
+    // one for each detached object not yet released. An object of the parse
+    // may refer to objects in any of its chunks (an item's descriptors, an
+    // event's copy of its bytes), so a detached object keeps them all.
     std::atomic<std::size_t> users;
-    Chunk* older; // the previous chunk of the same parse
+    Chunk* first;  // the parse's first chunk
+    Chunk* newest; // in the first chunk: the parse's newest chunk
+    Chunk* older;  // the previous chunk of the same parse
     char* next;
     char* end;
 };
@@ -85,10 +90,48 @@ inline Header& headerOf(void* object)
     return *reinterpret_cast<Header*>(static_cast<char*>(object) - sizeof(Header));
 }
 
+inline std::size_t capacityOf(const Chunk* chunk)
+{
+    return static_cast<std::size_t>(chunk->end - reinterpret_cast<const char*>(chunk + 1));
+}
+
+// The largest chunk freed last on this thread, kept for the next parse: in
+// the steady state a parse then costs no heap call at all. Chunks larger than
+// kLargestKept go back to the heap. Freed when the thread ends.
+constexpr std::size_t kLargestKept = 256 * 1024;
+
+struct KeptChunk {
+    Chunk* chunk = nullptr;
+    ~KeptChunk() { std::free(chunk); }
+};
+#if defined(__GLIBC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local KeptChunk t_kept;
+
+void freeChunk(Chunk* chunk)
+{
+    const std::size_t capacity = capacityOf(chunk);
+    KeptChunk& kept = t_kept;
+    if (capacity <= kLargestKept && (!kept.chunk || capacityOf(kept.chunk) < capacity)) {
+        std::free(kept.chunk);
+        kept.chunk = chunk;
+        return;
+    }
+    std::free(chunk);
+}
+
+// One user of the parse chunk belongs to is gone; the last frees them all.
 inline void unuse(Chunk* chunk)
 {
-    if (chunk->users.fetch_sub(1, std::memory_order_acq_rel) == 1)
-        std::free(chunk);
+    Chunk* first = chunk->first;
+    if (first->users.fetch_sub(1, std::memory_order_acq_rel) != 1)
+        return;
+    for (Chunk* newest = first->newest; newest;) {
+        Chunk* older = newest->older;
+        freeChunk(newest);
+        newest = older;
+    }
 }
 
 Chunk* newChunk(Arena& arena, std::size_t need)
@@ -96,11 +139,22 @@ Chunk* newChunk(Arena& arena, std::size_t need)
     std::size_t capacity = arena.nextCapacity;
     if (capacity < need)
         capacity = need;
-    Chunk* chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity));
+    Chunk* chunk = nullptr;
+    KeptChunk& kept = t_kept;
+    if (kept.chunk && capacityOf(kept.chunk) >= capacity) {
+        chunk = kept.chunk;
+        kept.chunk = nullptr;
+        capacity = capacityOf(chunk);
+    } else {
+        chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity));
+    }
     if (!chunk)
         throw std::bad_alloc();
-    chunk->users.store(1, std::memory_order_relaxed);
     chunk->older = static_cast<Chunk*>(arena.chunks);
+    chunk->first = chunk->older ? chunk->older->first : chunk;
+    chunk->first->newest = chunk;
+    if (!chunk->older)
+        chunk->users.store(1, std::memory_order_relaxed);
     chunk->next = reinterpret_cast<char*>(chunk + 1);
     chunk->end = chunk->next + capacity;
     arena.chunks = chunk;
@@ -111,11 +165,8 @@ Chunk* newChunk(Arena& arena, std::size_t need)
 // The table is gone: its parse's chunks lose their first user.
 void releaseChunks(Chunk* newest)
 {
-    while (newest) {
-        Chunk* older = newest->older;
+    if (newest)
         unuse(newest);
-        newest = older;
-    }
 }
 
 } // namespace
@@ -170,7 +221,7 @@ void detach(void* object) noexcept
     Header& header = headerOf(object);
     if (!header.owner || header.state != kPlain)
         return;
-    header.owner->users.fetch_add(1, std::memory_order_relaxed);
+    header.owner->first->users.fetch_add(1, std::memory_order_relaxed);
     header.state = kDetached;
 }
 

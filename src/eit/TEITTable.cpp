@@ -62,6 +62,8 @@ TEITTable* TEITTable::parse(U8* sectionData, U32 dataLength, BOOL /*checkCRC32*/
                             U16* errorCode, TEITTable* /*previous*/)
 {
     std::lock_guard<std::recursive_mutex> serialise(handleLock());
+    // The table, its events and their descriptors share a few heap blocks.
+    TISDBTParseScope scope(kParseArenaBase + dataLength * kParseArenaPerByte);
     // The handle locked is the one the second variable holds now; the
     // constructor replaces it, so the unlock below goes to the new handle and
     // the locked one is left as it is. The platform layer has always seen
@@ -112,7 +114,6 @@ BOOL TEITTable::parseEvents(U16* errorCode)
         event->setSectionNumber(sectionNumber);
         // A repeated event_id: the later event wins and the earlier is freed.
         events.store(event->getEventId(), event);
-        rebuildEventIds();
         // The step is the descriptors + 4, then + 8 more unless exactly 8
         // bytes would be left. An event ending exactly at the end of the data
         // (no CRC_32 after it) therefore advances by descriptors + 4 only, the
@@ -126,6 +127,8 @@ BOOL TEITTable::parseEvents(U16* errorCode)
             break;
         position += consumed;
     }
+    // The id list is read only once the parse is over: built once.
+    rebuildEventIds();
     return TRUE;
 }
 

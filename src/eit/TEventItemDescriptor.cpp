@@ -77,7 +77,7 @@ TEventItemDescriptor::TEventItemDescriptor()
 TEventItemDescriptor::~TEventItemDescriptor()
 {
     descriptors.clear(); // the descriptors point into the copy
-    delete[] data;
+    ParseArena::release(data);
 }
 
 void TEventItemDescriptor::addDescriptor(U8 tag, TISDBTDescriptor* descriptor)
@@ -111,7 +111,7 @@ TEventItemDescriptor* TEventItemDescriptor::parse(U8* sectionData, U32 dataLengt
     TEventItemDescriptor* event = new TEventItemDescriptor();
     // The copy runs from this event to the end of what was handed in (normally
     // the rest of the section); its length member is 16 bits wide.
-    event->data = new VURO_U8[dataLength];
+    event->data = static_cast<VURO_U8*>(ParseArena::allocate(dataLength));
     std::memcpy(event->data, sectionData, dataLength);
     event->dataLength = static_cast<VURO_U16>(dataLength);
 

@@ -17,7 +17,7 @@ namespace Vuro {
 /// The event keeps its own copy of the bytes it was handed (normally the rest
 /// of the section) and its descriptors point into that copy, so they live as
 /// long as the event.
-class TEventItemDescriptor {
+class TEventItemDescriptor : public TISDBTArenaObject {
 public:
     TEventItemDescriptor();
     virtual ~TEventItemDescriptor();

@@ -3,8 +3,11 @@
 #include <thread>
 #include <vector>
 
+#include <descriptors/TShortEventDescriptor.h>
+#include <eit/TEITTable.h>
 #include <pat/TPATTable.h>
 
+#include "../eit/EitBytes.h"
 #include "../support/SectionBuilder.h"
 
 using namespace Vuro;
@@ -67,4 +70,40 @@ TEST(ParseArena, DisplacedItemsOutliveTheirTableAndTablesOfParallelThreadsStayAp
     Bytes cut = patWithPrograms(3);
     ExactBuffer shortData(Bytes(cut.begin(), cut.end() - 6));
     EXPECT_EQ(TPATTable::parse(shortData.data(), shortData.size(), TRUE, TRUE, nullptr, nullptr), nullptr);
+}
+
+// A displaced event's descriptors and its copy of the section bytes were
+// carved after it, often from a later block of the parse: they must outlive
+// the table with the event, whichever block holds them.
+TEST(ParseArena, DisplacedEventKeepsItsDescriptorsAndBytesAfterItsTable)
+{
+    Bytes events;
+    for (U16 id = 1; id <= 60; ++id)
+        events = concat({events, eventEntry(id, concat({shortEvent(), ratingDescriptor()}))});
+    ExactBuffer data(eitSection(events));
+    TEITTable* table = TEITTable::parse(data.data(), data.size(), TRUE, TRUE, nullptr, nullptr);
+    ASSERT_NE(table, nullptr);
+    std::vector<TEventItemDescriptor*> displaced;
+    for (U16 id = 1; id <= 20; ++id) {
+        displaced.push_back(table->getEvent(id));
+        ExactBuffer bytes(eventEntry(id, {}));
+        table->addItem(TEventItemDescriptor::parse(bytes.data(), bytes.size(), nullptr, nullptr));
+        EXPECT_NE(table->getEvent(id), displaced.back());
+    }
+    delete table;
+    // The next parse reuses whatever memory the table gave back.
+    Bytes others;
+    for (U16 id = 1; id <= 60; ++id)
+        others = concat({others, eventEntry(static_cast<U16>(0x8000 + id), copyControlDescriptor())});
+    ExactBuffer next(eitSection(others));
+    delete TEITTable::parse(next.data(), next.size(), TRUE, TRUE, nullptr, nullptr);
+    for (TEventItemDescriptor* event : displaced) {
+        auto* name = dynamic_cast<TShortEventDescriptor*>(event->getDescriptor(0x4D));
+        ASSERT_NE(name, nullptr);
+        EXPECT_EQ(name->getEventName(), "Jornal");
+        EXPECT_NE(event->getDescriptor(0x55), nullptr);
+        EXPECT_EQ(event->getData()[0], event->getEventId() >> 8);
+        EXPECT_EQ(event->getData()[1], event->getEventId() & 0xFF);
+        delete event;
+    }
 }

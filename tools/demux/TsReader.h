@@ -47,6 +47,9 @@ class TsReader {
 public:
     // fd is read until end of file and not closed. unitSize 0 detects it.
     TsReader(int fd, std::size_t unitSize = 0, std::size_t blockSize = 4u << 20);
+    ~TsReader();
+    TsReader(const TsReader&) = delete;
+    TsReader& operator=(const TsReader&) = delete;
 
     // Bytes already read from fd (to tell what the input is), handed over
     // before run().
@@ -63,6 +66,9 @@ public:
 
 private:
     bool fill();
+    // A regular file is mapped whole instead of read block by block: the
+    // packets are handed over where the page cache holds them.
+    void mapInput();
     // Position of the next place where sync bytes repeat, or npos if the
     // buffered data does not decide it yet.
     std::size_t findSync(std::size_t from) const;
@@ -72,6 +78,10 @@ private:
     // Left uninitialised: opening an input costs nothing whatever the block size.
     std::unique_ptr<std::uint8_t[]> m_buffer;
     std::size_t m_bufferSize;
+    // The bytes being walked: m_buffer, or the mapped file.
+    std::uint8_t* m_data;
+    void* m_mapping = nullptr;
+    std::size_t m_mappingSize = 0;
     std::size_t m_have = 0;
     std::size_t m_position = 0;
     bool m_eof = false;
