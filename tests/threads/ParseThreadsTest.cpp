@@ -220,12 +220,18 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
         }
     });
     std::vector<std::size_t> mismatches(kParseThreads, 0);
+    std::atomic<int> waiting{kParseThreads};
     std::vector<std::thread> parsers;
     for (int t = 0; t < kParseThreads; ++t) {
         parsers.emplace_back([&, t] {
-            // Each thread starts at a different place so that all classes run at once.
-            for (std::size_t n = 0; n < jobs.size(); ++n) {
-                const std::size_t i = (n + t * jobs.size() / kParseThreads) % jobs.size();
+            waiting.fetch_sub(1);
+            while (waiting.load() > 0)
+                std::this_thread::yield();
+            // First all threads on the same sections at once, then each from
+            // a different place, so that every class runs beside every other.
+            for (std::size_t n = 0; n < 2 * jobs.size(); ++n) {
+                const std::size_t offset = n < jobs.size() ? 0 : t * jobs.size() / kParseThreads;
+                const std::size_t i = (n + offset) % jobs.size();
                 if (!(run(jobs[i]) == expected[i]))
                     ++mismatches[t];
                 const std::size_t s = i % shared.size();
@@ -243,7 +249,7 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     for (int t = 0; t < kParseThreads; ++t)
         EXPECT_EQ(mismatches[t], 0u) << "thread " << t;
     // The sink is swapped under the log's own lock: no line is lost or doubled.
-    EXPECT_EQ(sinks[0].lines + sinks[1].lines, kParseThreads * linesPerPass);
+    EXPECT_EQ(sinks[0].lines + sinks[1].lines, 2 * kParseThreads * linesPerPass);
     EXPECT_GT(redirects.load(), 0u);
     RecordProperty("sections", static_cast<int>(sections.size()));
     RecordProperty("parses_per_thread", static_cast<int>(jobs.size()));
