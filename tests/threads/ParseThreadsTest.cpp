@@ -140,7 +140,7 @@ Outcome run(const Job& job)
 }
 
 struct LineCounter {
-    std::atomic<std::uint64_t> lines{0};
+    std::atomic<std::uint32_t> lines{0}; // 32 bits: lock-free on every target
     static void sink(int, const char*, const char*, void* context)
     {
         static_cast<LineCounter*>(context)->lines.fetch_add(1, std::memory_order_relaxed);
@@ -196,7 +196,7 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     std::vector<Outcome> expected;
     for (const Job& job : jobs)
         expected.push_back(run(job));
-    const std::uint64_t linesPerPass = reference.lines;
+    const std::uint32_t linesPerPass = reference.lines;
     EXPECT_GE(parsedBy.size(), 5u) << "the sample's PAT, PMT, NIT, SDT and TOT parse";
 
     // The shared tables are read (printed) while the threads parse with them.
@@ -211,7 +211,7 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     LineCounter sinks[2];
     android_log_host_set_sink(&LineCounter::sink, &sinks[0]);
     std::atomic<int> running{kParseThreads};
-    std::atomic<std::uint64_t> redirects{0};
+    std::atomic<std::uint32_t> redirects{0};
     std::thread redirector([&] {
         for (unsigned i = 0; running.load() > 0; ++i) {
             android_log_host_set_sink(&LineCounter::sink, &sinks[i % 2]);
