@@ -25,6 +25,9 @@ foreach(path include/CLI include/nlohmann share/cmake/CLI11 share/cmake/nlohmann
     endif()
 endforeach()
 
+# pkg-config sees only the target's packages (cross root, then multiarch).
+set(ENV{PKG_CONFIG_LIBDIR} ${VURO_CROSS_ROOT}/lib/pkgconfig:/usr/lib/${VURO_CROSS_TRIPLET}/pkgconfig)
+
 set(CMAKE_FIND_ROOT_PATH ${VURO_CROSS_ROOT} ${VURO_HOST_HEADERS})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
