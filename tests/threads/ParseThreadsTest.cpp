@@ -98,13 +98,18 @@ void collectSections(const std::string& path, std::vector<Section>& sections)
     }
 }
 
-// One parse: a section, the class parsing it and the shared previous table
-// it is handed (or null).
+// One parse: a section, the class parsing it (its place in
+// makeTableHandlers()) and the shared previous table it is handed (or null).
 struct Job {
     Section* section;
-    const TableHandler* handler;
+    std::size_t handler;
     TISDBTTable* previous;
 };
+
+// The dump's handlers keep state of their own (the EIT's keeps the versions
+// it has seen, as a receiver does), so every parse and print takes a fresh
+// set: what the threads share is the library's input and tables alone.
+std::unique_ptr<TableHandler> handlerAt(std::size_t index) { return std::move(makeTableHandlers()[index]); }
 
 // What a parse gave: the error code and the printed table (empty if refused).
 struct Outcome {
@@ -134,9 +139,10 @@ Outcome run(const Job& job)
 {
     U16 error = 0xFFFF;
     Section& section = *job.section;
-    std::unique_ptr<TISDBTTable> table(job.handler->parse(section.bytes.data(), static_cast<U32>(section.bytes.size()),
-                                                          job.previous, &error));
-    return {error, table ? printed(*job.handler, *table) : std::string()};
+    const auto handler = handlerAt(job.handler);
+    std::unique_ptr<TISDBTTable> table(
+        handler->parse(section.bytes.data(), static_cast<U32>(section.bytes.size()), job.previous, &error));
+    return {error, table ? printed(*handler, *table) : std::string()};
 }
 
 struct LineCounter {
@@ -173,22 +179,23 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     LineCounter reference;
     android_log_host_set_sink(&LineCounter::sink, &reference);
     const auto handlers = makeTableHandlers();
-    std::map<std::pair<std::uint16_t, const TableHandler*>, std::unique_ptr<TISDBTTable>> previous;
+    std::map<std::pair<std::uint16_t, std::size_t>, std::unique_ptr<TISDBTTable>> previous;
     std::vector<Job> jobs;
-    std::map<const TableHandler*, std::size_t> parsedBy;
+    std::map<std::size_t, std::size_t> parsedBy;
     for (Section& section : sections) {
-        for (const auto& handler : handlers) {
-            if (section.bytes.empty() || !handler->accepts(section.bytes[0]))
+        for (std::size_t h = 0; h < handlers.size(); ++h) {
+            if (section.bytes.empty() || !handlers[h]->accepts(section.bytes[0]))
                 continue;
-            jobs.push_back({&section, handler.get(), nullptr});
-            auto& shared = previous[{section.pid, handler.get()}];
+            jobs.push_back({&section, h, nullptr});
+            auto& shared = previous[{section.pid, h}];
             if (!shared) {
                 U16 error = 0;
-                shared.reset(handler->parse(section.bytes.data(), static_cast<U32>(section.bytes.size()), nullptr, &error));
+                shared.reset(handlerAt(h)->parse(section.bytes.data(), static_cast<U32>(section.bytes.size()), nullptr,
+                                                 &error));
             }
             if (shared) {
-                ++parsedBy[handler.get()];
-                jobs.push_back({&section, handler.get(), shared.get()});
+                ++parsedBy[h];
+                jobs.push_back({&section, h, shared.get()});
             }
         }
     }
@@ -200,12 +207,12 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     EXPECT_GE(parsedBy.size(), 5u) << "the sample's PAT, PMT, NIT, SDT and TOT parse";
 
     // The shared tables are read (printed) while the threads parse with them.
-    std::vector<std::pair<const TableHandler*, const TISDBTTable*>> shared;
+    std::vector<std::pair<std::size_t, const TISDBTTable*>> shared;
     std::vector<std::string> sharedPrinted;
     for (const auto& entry : previous)
         if (entry.second) {
             shared.push_back({entry.first.second, entry.second.get()});
-            sharedPrinted.push_back(printed(*entry.first.second, *entry.second));
+            sharedPrinted.push_back(printed(*handlerAt(entry.first.second), *entry.second));
         }
 
     LineCounter sinks[2];
@@ -235,7 +242,7 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
                 if (!(run(jobs[i]) == expected[i]))
                     ++mismatches[t];
                 const std::size_t s = i % shared.size();
-                if (printed(*shared[s].first, *shared[s].second) != sharedPrinted[s])
+                if (printed(*handlerAt(shared[s].first), *shared[s].second) != sharedPrinted[s])
                     ++mismatches[t];
             }
             running.fetch_sub(1);
