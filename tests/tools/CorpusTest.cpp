@@ -6,16 +6,15 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
 #include <map>
 #include <set>
 #include <sstream>
 #include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
+#include "CorpusDir.h"
 #include "Dumper.h"
 #include "JsonSchemaCheck.h"
 #include "Names.h"
@@ -23,19 +22,6 @@
 using namespace VuroTools;
 
 namespace {
-
-std::string corpusDir()
-{
-    if (const char* dir = std::getenv("VURO_CORPUS_DIR"))
-        return dir;
-    for (const char* relative : {"/../shared/corpus", "/../../shared/corpus"}) {
-        struct stat info {};
-        const std::string dir = PROJECT_ROOT + std::string(relative);
-        if (::stat(dir.c_str(), &info) == 0 && S_ISDIR(info.st_mode))
-            return dir;
-    }
-    return {};
-}
 
 // Sections in each file, as the corpus notes count them (the 0xD8 section of
 // test-181 sits in packets with transport_error_indicator set).
@@ -117,7 +103,7 @@ void checkCounts(const Dumper& dumper, const std::string& name, bool freshParses
 
 TEST(CorpusTest, EverySectionIsAccountedFor)
 {
-    const std::string dir = corpusDir();
+    const std::string dir = VuroTest::corpusDir(PROJECT_ROOT);
     if (dir.empty())
         GTEST_SKIP() << "no corpus beside the project (set VURO_CORPUS_DIR)";
     std::size_t files = 0;
@@ -186,7 +172,7 @@ std::string dumpOf(const std::string& arguments)
 
 TEST(CorpusTest, EveryJsonLineMatchesTheSchema)
 {
-    const std::string dir = corpusDir();
+    const std::string dir = VuroTest::corpusDir(PROJECT_ROOT);
     if (dir.empty())
         GTEST_SKIP() << "no corpus beside the project (set VURO_CORPUS_DIR)";
     const VuroTest::JsonSchemaCheck schema(std::string(PROJECT_ROOT) + "/docs/isdbt-dump.schema.json");
@@ -208,7 +194,7 @@ TEST(CorpusTest, EveryJsonLineMatchesTheSchema)
 
 TEST(CorpusTest, TheCapturesShowWhatTheirBytesCarry)
 {
-    const std::string dir = corpusDir() + "/";
+    const std::string dir = VuroTest::corpusDir(PROJECT_ROOT) + "/";
     if (dir == "/")
         GTEST_SKIP() << "no corpus beside the project (set VURO_CORPUS_DIR)";
     auto has = [](const std::string& out, const std::string& text) { return out.find(text) != std::string::npos; };

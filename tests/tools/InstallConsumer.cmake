@@ -1,7 +1,9 @@
 # Installs the build tree into a fresh prefix, then builds and runs a small
 # consumer against it, once through the CMake package and once through
 # pkg-config. Run with cmake -P; the variables come from the test definition:
-# BUILD_DIR, WORK_DIR, SOURCE_DIR, CXX, GENERATOR, CXX_FLAGS.
+# BUILD_DIR, WORK_DIR, SOURCE_DIR, CXX, GENERATOR, CXX_FLAGS, and for a cross
+# build TOOLCHAIN (the toolchain file) and EMULATOR (the command running the
+# target's programs).
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE out ERROR_VARIABLE err)
     if(NOT status EQUAL 0)
@@ -11,6 +13,13 @@ function(run)
 endfunction()
 
 set(prefix ${WORK_DIR}/prefix)
+separate_arguments(emulator UNIX_COMMAND "${EMULATOR}")
+set(cross "")
+if(TOOLCHAIN)
+    # The toolchain confines package searches to the target's root: the
+    # package is named by its folder.
+    set(cross -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DVuroISDBTUtils_DIR=${prefix}/lib/cmake/VuroISDBTUtils)
+endif()
 file(REMOVE_RECURSE ${WORK_DIR})
 run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${prefix})
 
@@ -37,10 +46,10 @@ endif()
 
 # 1. find_package(VuroISDBTUtils) and Vuro::ISDBTUtils.
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR}/tests/tools/consumer -B ${WORK_DIR}/consumer -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix} -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
+    -DCMAKE_PREFIX_PATH=${prefix} ${cross} -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}"
     "-DCMAKE_EXE_LINKER_FLAGS=${CXX_FLAGS}" -DVURO_EXAMPLE_SOURCE=${SOURCE_DIR}/examples/parse_pat.cpp)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/consumer)
-run(${WORK_DIR}/consumer/parse-pat-example)
+run(${emulator} ${WORK_DIR}/consumer/parse-pat-example)
 if(NOT LAST_OUTPUT MATCHES "program 0xE580 -> PMT PID 0x01F0")
     message(FATAL_ERROR "unexpected output of the consumer:\n${LAST_OUTPUT}")
 endif()
@@ -54,7 +63,7 @@ if(PKG_CONFIG)
     separate_arguments(flags UNIX_COMMAND "${flags}")
     separate_arguments(extra UNIX_COMMAND "${CXX_FLAGS}")
     run(${CXX} -std=c++17 ${extra} ${SOURCE_DIR}/examples/parse_pat.cpp ${flags} -o ${WORK_DIR}/pc-consumer)
-    run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/lib ${WORK_DIR}/pc-consumer)
+    run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${prefix}/lib ${emulator} ${WORK_DIR}/pc-consumer)
     if(NOT LAST_OUTPUT MATCHES "program 0xE598 -> PMT PID 0x1FC8")
         message(FATAL_ERROR "unexpected output of the pkg-config consumer:\n${LAST_OUTPUT}")
     endif()
