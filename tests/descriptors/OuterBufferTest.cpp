@@ -1,0 +1,52 @@
+// Descriptors handed a descriptor_length that runs past the buffer they sit in
+// (the bounded parse, limit = the buffer's end): each stops at the buffer's
+// end with its class's length code and line, never reading past it. One case
+// per fault the fuzz campaign found.
+#include <gtest/gtest.h>
+
+#include <descriptors/TApplicationDescriptor.h>
+#include <descriptors/TGingaNCLApplicationDescriptor.h>
+#include <descriptors/TServiceDescriptor.h>
+
+#include "DescriptorTestSupport.h"
+
+using namespace Vuro;
+using namespace VuroTest;
+
+namespace {
+
+// The first `kept` bytes of a whole descriptor in an exact buffer, handed
+// with the whole descriptor's length.
+template <class D>
+void expectStopsAt(const Bytes& whole, std::size_t kept, U16 code, const std::vector<std::string>& lines)
+{
+    SCOPED_TRACE(kept);
+    expectRefusedWithin<D>(Bytes(whole.begin(), whole.begin() + kept), static_cast<U32>(whole.size()), code, lines);
+}
+
+} // namespace
+
+TEST(OuterBuffer, ServiceDescriptor)
+{
+    const Bytes service = descriptor(0x48, {0x01, 5, 'G', 'l', 'o', 'b', 'o', 2, 'T', 'V'});
+    const std::string line = "ISDBTUtils: TServiceDescriptor::parse: Longer data length is required: ";
+    expectStopsAt<TServiceDescriptor>(service, 2, kDescriptorLength, {line + "2 < 3. Aborting!"});
+    expectStopsAt<TServiceDescriptor>(service, 3, kDescriptorLength, {line + "0 < 1. Aborting!"});
+    expectStopsAt<TServiceDescriptor>(service, 5, kDescriptorLength, {line + "2 < 6. Aborting!"});
+    expectStopsAt<TServiceDescriptor>(service, 10, kDescriptorLength, {line + "1 < 3. Aborting!"});
+}
+
+TEST(OuterBuffer, ApplicationDescriptors)
+{
+    // One profile, flags, priority and one transport protocol label.
+    const Bytes application = descriptor(0x00, {5, 0x00, 0x01, 1, 0, 0, 0x80, 0x05, 0x01});
+    const std::string exceeded = "ISDBTUtils: TApplicationDescriptor:: parse: Section length exceeded. Aborting!";
+    for (std::size_t kept : {2u, 9u, 10u})
+        expectStopsAt<TApplicationDescriptor>(application, kept, kDataLength, {exceeded});
+
+    // Ginga parameters: the second one passes the end; the class has no
+    // length line.
+    const Bytes ginga = descriptor(TGingaNCLApplicationDescriptor::DESCRIPTOR_TAG, {3, 'a', 'b', 'c', 2, 'x', 'y'});
+    expectStopsAt<TGingaNCLApplicationDescriptor>(ginga, 6, kDescriptorLength, {});
+    expectStopsAt<TGingaNCLApplicationDescriptor>(ginga, 8, kDescriptorLength, {});
+}
