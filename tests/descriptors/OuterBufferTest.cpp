@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <descriptors/TApplicationDescriptor.h>
+#include <descriptors/TComponentDescriptor.h>
+#include <descriptors/TCountryAvailabilityDescriptor.h>
 #include <descriptors/TGingaNCLApplicationDescriptor.h>
 #include <descriptors/TServiceDescriptor.h>
 
@@ -49,4 +51,16 @@ TEST(OuterBuffer, ApplicationDescriptors)
     const Bytes ginga = descriptor(TGingaNCLApplicationDescriptor::DESCRIPTOR_TAG, {3, 'a', 'b', 'c', 2, 'x', 'y'});
     expectStopsAt<TGingaNCLApplicationDescriptor>(ginga, 6, kDescriptorLength, {});
     expectStopsAt<TGingaNCLApplicationDescriptor>(ginga, 8, kDescriptorLength, {});
+}
+
+TEST(OuterBuffer, ComponentAndCountryAvailability)
+{
+    // Stream content, component type and tag, "por", text "HD": each part
+    // that passes the end stops the parse (neither class has a length line).
+    const Bytes component = descriptor(0x50, {0x01, 0x03, 0x10, 'p', 'o', 'r', 'H', 'D'});
+    for (std::size_t kept : {4u, 7u, 9u})
+        expectStopsAt<TComponentDescriptor>(component, kept, kDescriptorLength, {});
+    const Bytes country = descriptor(0x49, {0x80, 'B', 'R', 'A'});
+    for (std::size_t kept : {2u, 5u})
+        expectStopsAt<TCountryAvailabilityDescriptor>(country, kept, kDescriptorLength, {});
 }
