@@ -82,7 +82,8 @@ void table(U8* data, U32 length)
     delete first;
 }
 
-// Descriptors: null data; the whole input as dataLength; and, with the
+// Descriptors: null data; the whole input as dataLength (no out-parameters
+// for an odd length); and, with the
 // bounded overload, descriptor_length + 2 bytes as a table hands them over,
 // ending inside, at or past the end of the input, which is the limit.
 template <class D>
@@ -91,7 +92,8 @@ void descriptor(U8* data, U32 length)
     U32 parsed = 0;
     U16 code = 0;
     delete D::parse(nullptr, length, &parsed, &code);
-    delete D::parse(data, length, &parsed, &code);
+    // An odd length also leaves both out-parameters null.
+    delete D::parse(data, length, length & 1 ? nullptr : &parsed, length & 1 ? nullptr : &code);
     if constexpr (HasLimit<D>::value) {
         if (length >= 2)
             delete D::parse(data, data[1] + 2u, &parsed, &code, data + length);
@@ -109,7 +111,8 @@ void descriptorWithin(U8* data, U32 length)
     delete D::parse(data, own, &parsed, &code, data + length);
 }
 
-// Item records (descriptor items): null data; the whole input; and, with the
+// Item records (descriptor items): null data; the whole input (no
+// out-parameters for an odd length); and, with the
 // bounded overload, the bytes after the first with the first byte as
 // dataLength (inside, at or past the end of the input, which is the limit).
 template <class I>
@@ -118,7 +121,7 @@ void item(U8* data, U32 length)
     U32 itemLength = 0;
     U16 code = 0;
     delete I::parse(nullptr, length, &itemLength, &code);
-    delete I::parse(data, length, &itemLength, &code);
+    delete I::parse(data, length, length & 1 ? nullptr : &itemLength, length & 1 ? nullptr : &code);
     if constexpr (HasLimit<I>::value) {
         if (length >= 1)
             delete I::parse(data + 1, data[0], &itemLength, &code, data + length);
@@ -126,7 +129,7 @@ void item(U8* data, U32 length)
 }
 
 // Table loop entries (parseDescriptors flag before itemLength), the same
-// three ways, with and without their descriptors.
+// three ways, with and without their descriptors (and out-parameters).
 template <class E>
 void loopEntry(U8* data, U32 length)
 {
@@ -134,7 +137,7 @@ void loopEntry(U8* data, U32 length)
     U16 code = 0;
     delete E::parse(nullptr, length, 1, &itemLength, &code);
     delete E::parse(data, length, 1, &itemLength, &code);
-    delete E::parse(data, length, 0, &itemLength, &code);
+    delete E::parse(data, length, 0, nullptr, nullptr);
     if constexpr (HasEntryLimit<E>::value) {
         if (length >= 1)
             delete E::parse(data + 1, data[0], 1, &itemLength, &code, data + length);

@@ -94,6 +94,25 @@ void pmtSequence(U8* data, U32 length)
             table.getProgramMapByComponentTag(pick);
             table.getProgramMapsByStreamType(entry->getStreamType());
         }
+        table.getCAIdentifierDescriptor();
+        table.getCountryAvailabilityDescriptor();
+        table.getLinkageDescriptor();
+        table.getComponentDescriptor();
+        table.getMosaicDescriptor();
+        table.getStreamIdentifierDescriptor();
+        table.getParentalRatingDescriptor();
+        table.getHierarchicalTransmissionDescriptor();
+        table.getEmergencyInformationDescriptor();
+        table.getDataComponentDescriptor();
+        table.getSystemManagementDescriptor();
+        table.getTargetRegionDescriptor();
+        table.getVideoDecodeControlDescriptor();
+        table.getCarouselCompatibleCompositeDescriptor();
+        table.getConditionalPlaybackDescriptor();
+        table.getAVCVideoDescriptor();
+        table.getAVCTimingAndHRDDescriptor();
+        table.getAACDescriptor();
+        table.getISO639LanguageDescriptor();
         table.addProgramMap(nullptr);
         table.removeProgramMap(static_cast<U8>(pick % (table.size() + 1)));
         while (table.size() && table.removeProgramMap(0)) {
