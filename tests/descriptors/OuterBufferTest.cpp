@@ -5,10 +5,13 @@
 #include <gtest/gtest.h>
 
 #include <descriptors/TApplicationDescriptor.h>
+#include <descriptors/TBouquetNameDescriptor.h>
 #include <descriptors/TComponentDescriptor.h>
 #include <descriptors/TCountryAvailabilityDescriptor.h>
 #include <descriptors/TGingaNCLApplicationDescriptor.h>
+#include <descriptors/TIPSignalingDescriptor.h>
 #include <descriptors/TServiceDescriptor.h>
+#include <descriptors/TTimeShiftedServiceDescriptor.h>
 
 #include "DescriptorTestSupport.h"
 
@@ -63,4 +66,14 @@ TEST(OuterBuffer, ComponentAndCountryAvailability)
     const Bytes country = descriptor(0x49, {0x80, 'B', 'R', 'A'});
     for (std::size_t kept : {2u, 5u})
         expectStopsAt<TCountryAvailabilityDescriptor>(country, kept, kDescriptorLength, {});
+}
+
+// Fixed fields and a whole-body name past the end; none of these classes has
+// a length line.
+TEST(OuterBuffer, FixedBodiesWithoutALengthLine)
+{
+    expectStopsAt<TTimeShiftedServiceDescriptor>(descriptor(0x4C, {0xE5, 0x80}), 3, kDescriptorLength, {});
+    expectStopsAt<TIPSignalingDescriptor>(descriptor(TIPSignalingDescriptor::DESCRIPTOR_TAG, {0x00, 0x00, 0x01}), 4,
+                                          kDescriptorLength, {});
+    expectStopsAt<TBouquetNameDescriptor>(descriptor(0x47, {'B', 'o', 'u', 'q'}), 5, kDescriptorLength, {});
 }
