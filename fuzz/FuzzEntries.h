@@ -34,6 +34,7 @@ std::vector<Entry> downloadEntries();         // SDTT and its download records
 std::vector<Entry> dsmccEntries();            // datacaster entry, DSM-CC, Libras messages
 std::vector<Entry> applicationEntries();      // AIT, applications and their descriptors
 std::vector<Entry> sequenceEntries();         // getters and add / remove sequences on parsed objects
+std::vector<Entry> eventEntries();            // EIT, its events, the programme guide record
 // Index of the entry with that name (the selector byte of its seeds); -1 if none.
 int entryIndex(const std::string& name);
 

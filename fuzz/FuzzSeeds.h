@@ -22,6 +22,7 @@ std::vector<Seed> serviceTimeSeeds();
 std::vector<Seed> downloadSeeds();
 std::vector<Seed> dsmccSeeds();
 std::vector<Seed> applicationSeeds();
+std::vector<Seed> eventSeeds();
 
 std::vector<Seed> allSeeds();
 

@@ -28,7 +28,7 @@ std::vector<Seed> allSeeds()
     std::vector<Seed> all;
     for (std::vector<Seed> family :
          {foundationSeeds(), networkSeeds(), serviceEventSeeds(), streamSeeds(), programMapSeeds(), serviceTimeSeeds(),
-          downloadSeeds(), dsmccSeeds(), applicationSeeds()})
+          downloadSeeds(), dsmccSeeds(), applicationSeeds(), eventSeeds()})
         all.insert(all.end(), family.begin(), family.end());
     return all;
 }

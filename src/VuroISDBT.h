@@ -149,5 +149,10 @@
 #include "ait/TApplication.h"
 #include "ait/TApplicationIdentifier.h"
 // (end of application information table)
+// Event information table and programme guide record
+#include "eit/EpgItem.h"
+#include "eit/TEITTable.h"
+#include "eit/TEventItemDescriptor.h"
+// (end of event information table)
 
 #endif

@@ -50,6 +50,10 @@ BOOL TShortEventDescriptor::parseBody(U32 dataLength, const U8* limit, U32&, U16
     // language code a second time (together with the name, in 8 bits) before
     // the text; it may wrap, and then only the buffer bounds the text.
     U32 available = dataLength - COMMON_HEADER_LENGTH;
+    // Inside an event the bound is the rest of the event's data, which may
+    // reach past the buffer: the code must lie inside it too.
+    if (kLanguageCodeLength <= available && !fits(cursor, limit, kLanguageCodeLength))
+        return failLength(errorCode);
     if (ParserUtils::parseStr(cursor, m_sLanguageCode, kLanguageCodeLength, available) !=
         static_cast<S32>(kLanguageCodeLength)) {
         VURO_LOGW("%s: TShortEventDescriptor:: parse: ERROR: parsing Language Code. Aborting!", VURO_LOG_ORIGIN);

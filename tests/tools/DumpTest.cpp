@@ -12,6 +12,7 @@
 
 #include "JsonSchemaCheck.h"
 #include "SectionBuilder.h"
+#include "TextCharset.h"
 
 namespace {
 
@@ -185,3 +186,69 @@ TEST(DumpTest, HelpListsEveryOption)
 }
 
 } // namespace
+
+TEST(DumpTest, ProgrammeGuideAndXmltvOfTheSample)
+{
+    const Outcome guide = dumpSample("--epg");
+    ASSERT_EQ(guide.status, 0) << guide.out;
+    // Services named from the SDT, times in local time once the TOT is seen,
+    // ISO 8859-15 texts (the euro sign is 0xA4), schedule in time order.
+    for (const char* line :
+         {"Programme guide\n  service 0xE580 \"Vuro HD Not\xC3\xAD" "cias\", transport_stream_id 0x0640, "
+          "original_network_id 0x0640\n"
+          "    present:   2024-08-02 12:00:00 -03:00  01:00:00  \"Jornal do Meio-Dia\" (event 0x0101, news, rated L)\n",
+          "    following: 2024-08-02 13:00:00 -03:00  02:00:00  \"Futebol: Final\" (event 0x0102, sports, rated 10)\n"
+          "                 Ingressos a partir de 20 \xE2\x82\xAC\n",
+          "        Ingressos a partir de 20 \xE2\x82\xAC\n"
+          "      2024-08-02 15:30:00 -03:00  00:45:00  \"Novela das Seis\" (event 0x0103, soap opera, rated 12)\n",
+          "  service 0xE598 \"Vuro 1seg\"", "(event 0x0202, children, rated L)\n"})
+        EXPECT_NE(guide.out.find(line), std::string::npos) << line << "\n" << guide.out;
+    EXPECT_EQ(guide.out.find("Summary"), std::string::npos);
+
+    const std::string path = ::testing::TempDir() + "isdbt-sample.xml";
+    ASSERT_EQ(dumpSample("-s --xmltv " + path).status, 0);
+    const std::string xml = readFile(path);
+    EXPECT_NE(xml.find("<programme start=\"20240802130000 -0300\" stop=\"20240802150000 -0300\" "
+                       "channel=\"e580.0640.0640.isdbt\">\n    <title lang=\"pt\">Futebol: Final</title>\n"),
+              std::string::npos)
+        << xml;
+    const char* dtd = "/usr/share/xmltv/xmltv.dtd";
+    if (std::ifstream(dtd) && run("xmllint --version").status == 0) {
+        const Outcome valid = run(std::string("xmllint --noout --dtdvalid ") + dtd + " " + path);
+        EXPECT_EQ(valid.status, 0) << valid.out;
+    }
+    std::remove(path.c_str());
+    EXPECT_NE(dumpSample("--xmltv /nonexistent/dir/guide.xml").status, 0);
+    EXPECT_NE(dumpSample("--charset ebcdic").status, 0);
+}
+
+TEST(DumpTest, BroadcastTextCodings)
+{
+    using VuroTools::Charset;
+    using VuroTools::broadcastText;
+    // "Not\xEDcias 20 \xA4": ISO 8859-15 has the euro sign where Latin-1 has the currency sign.
+    const std::string brazilian = "Not\xED" "cias 20 \xA4\\";
+    EXPECT_EQ(broadcastText(brazilian, Charset::LATIN9), "Not\xC3\xAD" "cias 20 \xE2\x82\xAC\\\\");
+    EXPECT_EQ(broadcastText(brazilian, Charset::RAW), "Not\\xEDcias 20 \\xA4\\\\");
+    // Kanji in the default G0 set: "\u65E5\u672C" (JIS 0x467C 0x4B5C).
+    const std::string japanese = "\x46\x7C\x4B\x5C";
+    EXPECT_EQ(broadcastText(japanese, Charset::ARIB), "\xE6\x97\xA5\xE6\x9C\xAC");
+    // Auto: ARIB only for ARIB control codes or a Japanese stream; language
+    // codes stay letters.
+    EXPECT_EQ(broadcastText(brazilian, Charset::AUTO), broadcastText(brazilian, Charset::LATIN9));
+    EXPECT_EQ(broadcastText(japanese, Charset::AUTO), "F|K\\\\");
+    VuroTools::setJapaneseStream(true);
+    EXPECT_EQ(broadcastText(japanese, Charset::AUTO), "\xE6\x97\xA5\xE6\x9C\xAC");
+    EXPECT_EQ(broadcastText("jpn", Charset::AUTO), "jpn");
+    VuroTools::setJapaneseStream(false);
+    // Whatever the bytes, every coding yields valid UTF-8 (JSON output needs it).
+    for (unsigned first = 0; first < 256; ++first)
+        for (unsigned second = 0; second < 256; second += 5) {
+            const std::string bytes{static_cast<char>(first), static_cast<char>(second), '\x1B', '\x24',
+                                    static_cast<char>(second ^ first)};
+            for (Charset charset : {Charset::AUTO, Charset::LATIN9, Charset::ARIB, Charset::RAW})
+                EXPECT_NO_THROW(nlohmann::json(broadcastText(bytes, charset)).dump()) << first << " " << second;
+        }
+    EXPECT_TRUE(VuroTools::isJapaneseNetwork(0x7FE1));
+    EXPECT_FALSE(VuroTools::isJapaneseNetwork(0x02E1));
+}

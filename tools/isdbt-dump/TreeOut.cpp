@@ -1,5 +1,7 @@
 #include "TreeOut.h"
 
+#include "TextCharset.h"
+
 #include <nlohmann/json.hpp>
 
 namespace VuroTools {
@@ -87,7 +89,7 @@ public:
     void number(const char* key, std::int64_t value) override { line(key, std::to_string(value)); }
     void hex(const char* key, std::uint64_t value, int digits) override { line(key, hexText(value, digits)); }
     void flag(const char* key, bool value) override { line(key, value ? "yes" : "no"); }
-    void text(const char* key, const std::string& bytes) override { line(key, "\"" + displayText(bytes) + "\""); }
+    void text(const char* key, const std::string& bytes) override { line(key, "\"" + broadcastText(bytes) + "\""); }
     void label(const char* key, const std::string& value) override { line(key, value); }
     void named(const char* key, std::uint64_t value, int digits, const char* name) override
     {
@@ -207,7 +209,7 @@ public:
     void number(const char* key, std::int64_t value) override { set(key, value); }
     void hex(const char* key, std::uint64_t value, int) override { set(key, value); }
     void flag(const char* key, bool value) override { set(key, value); }
-    void text(const char* key, const std::string& bytes) override { set(key, displayText(bytes)); }
+    void text(const char* key, const std::string& bytes) override { set(key, broadcastText(bytes)); }
     void label(const char* key, const std::string& value) override { set(key, value); }
     void named(const char* key, std::uint64_t value, int, const char* name) override
     {

@@ -34,8 +34,8 @@ public:
     // A number shown in hexadecimal with the given digits in the text tree.
     virtual void hex(const char* key, std::uint64_t value, int digits) = 0;
     virtual void flag(const char* key, bool value) = 0;
-    // Text as the broadcast sends it: raw bytes, shown as Latin-1 (the
-    // coding Brazilian broadcasters use) with control bytes escaped.
+    // Text as the broadcast sends it: raw bytes, shown as UTF-8 in the
+    // coding chosen by --charset (TextCharset.h) with control bytes escaped.
     virtual void text(const char* key, const std::string& bytes) = 0;
     // Plain text of the tool itself (names, log lines).
     virtual void label(const char* key, const std::string& value) = 0;

@@ -14,8 +14,10 @@
 #include <CLI/CLI.hpp>
 
 #include "Dumper.h"
+#include "Guide.h"
 #include "Names.h"
 #include "SectionDemux.h"
+#include "TextCharset.h"
 #include "TsReader.h"
 
 using namespace VuroTools;
@@ -119,6 +121,9 @@ int main(int argc, char** argv)
     std::size_t packetSize = 0;
     std::vector<std::string> pidArguments;
     std::vector<std::string> tableArguments;
+    bool epg = false;
+    std::string xmltvPath;
+    std::string charsetName = "auto";
 
     app.add_option("input", input, "Transport stream file, or - for standard input")->required();
     app.add_flag("--sections", sections,
@@ -146,7 +151,25 @@ int main(int argc, char** argv)
         ->check(CLI::IsMember({188, 192, 204}));
     app.add_flag("--no-progress", noProgress, "No progress line on stderr (shown only when stderr is a terminal)");
     app.add_flag("--timing", timing, "Report the time taken and the throughput on stderr");
+    app.add_flag("--epg", epg,
+                 "Print the programme guide instead of the tables: per service (named from the SDT) the present and "
+                 "following events and the schedule in time order");
+    app.add_option("--xmltv", xmltvPath, "Write the programme guide to this file as XMLTV");
+    app.add_option("--charset", charsetName,
+                   "Coding of broadcast texts: auto (ARIB STD-B24 for Japanese streams, else ISO 8859-15), latin9, "
+                   "arib or raw (bytes escaped)")
+        ->check(CLI::IsMember({"auto", "latin9", "arib", "raw"}));
     CLI11_PARSE(app, argc, argv);
+
+    Charset charset = Charset::AUTO;
+    charsetFromName(charsetName, charset);
+    setCharset(charset);
+    Guide guide;
+    Guide::setActive(&guide);
+    if (epg) {
+        options.summaryOnly = true;
+        options.summary = false;
+    }
 
     for (const std::string& argument : pidArguments) {
         std::uint16_t pid = 0;
@@ -226,6 +249,16 @@ int main(int argc, char** argv)
     }
     if (fd != STDIN_FILENO)
         ::close(fd);
+    if (epg)
+        guide.writeText(stdout);
+    if (!xmltvPath.empty()) {
+        std::string error;
+        if (!guide.writeXmltv(xmltvPath, error)) {
+            std::fprintf(stderr, "isdbt-dump: --xmltv %s\n", error.c_str());
+            status = EXIT_BAD_INPUT;
+        }
+    }
+    Guide::setActive(nullptr);
     std::fflush(stdout);
     if (timing) {
         const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();

@@ -1,9 +1,10 @@
 // Writes a small ISDB-Tb transport stream byte by byte, without the section
 // library: a terrestrial multiplex with one full-seg and one one-seg service
-// (PAT, two PMTs, NIT, SDT, TOT, SDTT, AIT, DSM-CC stream events, a data carousel
-// module and its datacaster carousel entry, video, audio and null packets). Sections of
-// the NIT and SDT PIDs are packed back to back, so that sections share
-// packets and span packet boundaries as they do on air.
+// (PAT, two PMTs, NIT, SDT, TOT, EIT present/following and schedule, SDTT, AIT,
+// DSM-CC stream events, a data carousel module and its datacaster carousel
+// entry, video, audio and null packets). Sections of the NIT, SDT and EIT PIDs
+// are packed back to back, so that sections share packets and span packet
+// boundaries as they do on air.
 //
 //   make-isdbt-sample OUTPUT [--cycles N] [--video-packets K] [--packet-size 188|192|204]
 //
@@ -427,6 +428,110 @@ Bytes datacasterCarouselTable()
     return longSection(0x99, 0x0001, 1, body);
 }
 
+// One event of an event information section: event_id, start_time (MJD of
+// 2024-08-02 and BCD UTC time), duration (BCD), running_status with
+// free_CA_mode clear, the descriptors.
+Bytes event(unsigned id, unsigned startSeconds, unsigned durationSeconds, std::uint8_t runningStatus,
+            const Bytes& descriptors)
+{
+    Bytes out;
+    put16(out, id);
+    put16(out, 60524);
+    out.push_back(bcd(startSeconds / 3600));
+    out.push_back(bcd(startSeconds / 60 % 60));
+    out.push_back(bcd(startSeconds % 60));
+    out.push_back(bcd(durationSeconds / 3600));
+    out.push_back(bcd(durationSeconds / 60 % 60));
+    out.push_back(bcd(durationSeconds % 60));
+    put16(out, static_cast<unsigned>(runningStatus) << 13 | static_cast<unsigned>(descriptors.size()));
+    append(out, descriptors);
+    return out;
+}
+
+// The descriptors of an event: short event (Portuguese, ISO 8859-15 text),
+// video component, content (genre), parental rating (age | content << 4)
+// and audio component (AAC in simulcast group 0x5F, main, 48 kHz), plus an
+// extended event descriptor where extended is set.
+Bytes eventDescriptors(const char* name, const char* description, std::uint8_t genre, std::uint8_t rating,
+                       bool oneSeg, bool extended = false)
+{
+    Bytes shortEvent = text("por");
+    shortEvent.push_back(static_cast<std::uint8_t>(std::strlen(name)));
+    append(shortEvent, text(name));
+    shortEvent.push_back(static_cast<std::uint8_t>(std::strlen(description)));
+    append(shortEvent, text(description));
+    Bytes out = descriptor(0x4D, shortEvent);
+    if (extended) {
+        // descriptor_number 0 of 0, language, no items, then the text.
+        Bytes extendedEvent = {0x00};
+        append(extendedEvent, text("por"));
+        extendedEvent.push_back(0x00);
+        extendedEvent.push_back(6);
+        append(extendedEvent, text("Elenco"));
+        append(out, descriptor(0x4E, extendedEvent));
+    }
+    Bytes component = {0xF1, static_cast<std::uint8_t>(oneSeg ? 0xE3 : 0xB3), 0x00};
+    append(component, text("por"));
+    append(out, descriptor(0x50, component));
+    append(out, descriptor(0x54, {genre, 0x00}));
+    Bytes rated = text("BRA");
+    rated.push_back(rating);
+    append(out, descriptor(0x55, rated));
+    Bytes audio = {0xF2, 0x03, static_cast<std::uint8_t>(oneSeg ? 0x83 : 0x10), 0x11, 0x5F, 0x5F};
+    append(audio, text("por"));
+    append(out, descriptor(0xC4, audio));
+    return out;
+}
+
+// event_information_section of a service: present/following (0x4E, section
+// 0 present, section 1 following) or schedule (0x50, section 0).
+Bytes eit(std::uint8_t tableId, unsigned serviceId, unsigned sectionNumber, unsigned lastSectionNumber,
+          const Bytes& events)
+{
+    Bytes out{tableId};
+    put16(out, 0xF000 | static_cast<unsigned>(11 + events.size() + 4));
+    put16(out, serviceId);
+    out.push_back(0xC1 | 2 << 1); // version 2, current
+    out.push_back(static_cast<std::uint8_t>(sectionNumber));
+    out.push_back(static_cast<std::uint8_t>(lastSectionNumber));
+    put16(out, kTransportStreamId);
+    put16(out, kNetworkId);
+    out.push_back(static_cast<std::uint8_t>(lastSectionNumber)); // segment_last_section_number
+    out.push_back(tableId);                                       // last_table_id
+    append(out, events);
+    const std::uint32_t crc = crc32(out);
+    put16(out, crc >> 16);
+    put16(out, crc & 0xFFFF);
+    return out;
+}
+
+// The programme of the afternoon of 2024-08-02 (UTC; 3 hours ahead of
+// Brasilia): present and following events of both services and their
+// schedules.
+std::vector<Bytes> eitSections()
+{
+    const unsigned hour = 3600;
+    const Bytes news = event(0x0101, 15 * hour, hour, 4,
+                             eventDescriptors("Jornal do Meio-Dia", "As not\xED" "cias da tarde", 0x00, 0x01, false));
+    const Bytes football =
+        event(0x0102, 16 * hour, 2 * hour, 1,
+              eventDescriptors("Futebol: Final", "Ingressos a partir de 20 \xA4", 0x10, 0x02, false));
+    const Bytes novel = event(0x0103, 18 * hour + 30 * 60, 45 * 60, 0,
+                              eventDescriptors("Novela das Seis", "Cap\xEDtulo 42", 0x30, 0x23, false, true));
+    const Bytes oneSegNews = event(0x0201, 15 * hour, hour, 4,
+                                   eventDescriptors("Jornal do Meio-Dia", "", 0x00, 0x01, true));
+    const Bytes oneSegCartoon = event(0x0202, 16 * hour, 90 * 60, 1,
+                                      eventDescriptors("Desenhos", "Para as crian\xE7" "as", 0xA0, 0x01, true));
+    Bytes fullSchedule = news;
+    append(fullSchedule, football);
+    append(fullSchedule, novel);
+    Bytes oneSegSchedule = oneSegNews;
+    append(oneSegSchedule, oneSegCartoon);
+    return {eit(0x4E, kFullSeg, 0, 1, news),          eit(0x4E, kFullSeg, 1, 1, football),
+            eit(0x4E, kOneSeg, 0, 1, oneSegNews),     eit(0x4E, kOneSeg, 1, 1, oneSegCartoon),
+            eit(0x50, kFullSeg, 0, 0, fullSchedule), eit(0x50, kOneSeg, 0, 0, oneSegSchedule)};
+}
+
 class Writer {
 public:
     Writer(std::FILE* file, unsigned packetSize) : m_file(file), m_packetSize(packetSize) {}
@@ -621,7 +726,7 @@ int main(int argc, char** argv)
 
     Writer writer(file, static_cast<unsigned>(packetSize));
     SectionPid patPid(0x0000, false), fullSegPmtPid(kFullSegPmtPid, false), oneSegPmtPid(kOneSegPmtPid, false);
-    SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false);
+    SectionPid nitPid(0x0010, true), sdtPid(0x0011, true), totPid(0x0014, false), eitPid(0x0012, true);
     SectionPid sdttPid(0x0023, false);
     SectionPid dataPid(kDataPid, false);
     SectionPid aitPid(kAitPid, false);
@@ -631,6 +736,7 @@ int main(int argc, char** argv)
     const Bytes nitSection = nit(), sdtSections[2] = {sdt(0), sdt(1)};
     const Bytes sdttSection = sdtt();
     const Bytes aitSection = ait();
+    const std::vector<Bytes> eitSectionList = eitSections();
     std::uint32_t seed = 0x2545F491u;
 
     for (unsigned long cycle = 0; cycle < cycles; ++cycle) {
@@ -652,6 +758,8 @@ int main(int argc, char** argv)
             dataPid.send(writer, datacasterCarouselTable());
         }
         aitPid.send(writer, aitSection);
+        for (const Bytes& section : eitSectionList)
+            eitPid.send(writer, section);
         for (unsigned long k = 0; k < videoPackets; ++k) {
             video.send(writer, k % 12 == 0, seed);
             if (k % 6 == 3)
@@ -666,6 +774,7 @@ int main(int argc, char** argv)
     }
     nitPid.flush(writer);
     sdtPid.flush(writer);
+    eitPid.flush(writer);
     if (std::fclose(file) != 0) {
         std::perror(output);
         return 1;

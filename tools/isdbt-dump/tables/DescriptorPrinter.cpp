@@ -64,10 +64,12 @@ const U8* PrintedDescriptors::spanEnd(const U8* data)
     return nullptr;
 }
 
-void PrintedDescriptors::note(const TISDBTDescriptor& descriptor)
+void PrintedDescriptors::note(const TISDBTDescriptor& descriptor) { noteData(descriptor.getData()); }
+
+void PrintedDescriptors::noteData(const U8* data)
 {
     if (g_printed)
-        g_printed->m_data.push_back(descriptor.getData());
+        g_printed->m_data.push_back(data);
 }
 
 void printIds(const char* key, const U16* ids, unsigned count, TreeOut& out)

@@ -39,6 +39,9 @@ public:
     bool contains(const Vuro::U8* data) const;
     // Called by the printers for each descriptor they print.
     static void note(const Vuro::TISDBTDescriptor& descriptor);
+    // The same for bytes a printer knows to be a printed descriptor's, where
+    // the object holds them in a copy of its own.
+    static void noteData(const Vuro::U8* data);
 
     // The buffers the descriptors lie in (a section, a table's copy of it):
     // the end of the one holding data, or null when none is known.

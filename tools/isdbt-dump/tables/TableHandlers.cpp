@@ -13,8 +13,9 @@ std::vector<std::unique_ptr<TableHandler>> makeTableHandlers()
     handlers.push_back(makePatHandler());
     handlers.push_back(makePmtHandler());
     handlers.push_back(makeNitHandler());
-    handlers.push_back(makeSdtHandler());
-    handlers.push_back(makeTotHandler());
+    handlers.push_back(feedingGuide(makeSdtHandler()));
+    handlers.push_back(feedingGuide(makeTotHandler()));
+    handlers.push_back(makeEitHandler());
     handlers.push_back(makeSdttHandler());
     handlers.push_back(makeDsmccSectionHandler());
     handlers.push_back(makeDsiDiiHandler());

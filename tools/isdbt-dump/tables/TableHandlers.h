@@ -21,6 +21,9 @@ std::unique_ptr<TableHandler> makeDatacasterHandler();
 std::unique_ptr<TableHandler> makeAitHandler();
 // One descriptor of an AIT loop, named in the AIT's own tag space.
 void printApplicationDescriptor(const Vuro::TISDBTDescriptor& descriptor, TreeOut& out);
+std::unique_ptr<TableHandler> makeEitHandler();
+// The handler, also handing what it parses to the programme guide (GuideFeed.cpp).
+std::unique_ptr<TableHandler> feedingGuide(std::unique_ptr<TableHandler> handler);
 // A further table (EIT, AIT, ...) joins with a unit tables/<Table>Handler.cpp
 // deriving TableHandlerOf<T> (its parse call with the class's flag order, its
 // printer, and announceFrom() for PIDs it signals, e.g. AIT and DSM-CC PIDs
