@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "FuzzEntries.h"
 
 namespace VuroFuzz {
@@ -190,6 +192,27 @@ void sdttSequence(U8* data, U32 length)
     });
 }
 
+// Three receiver threads parse the same section at once, each against its
+// own previous table, read the events and delete their tables while the
+// others still parse (the tables share the platform mutex handles).
+void eitThreads(U8* data, U32 length)
+{
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 3; ++i)
+        threads.emplace_back([data, length]() {
+            U16 code = 0;
+            TEITTable* first = TEITTable::parse(data, length, 1, 1, &code, nullptr);
+            TEITTable* second = TEITTable::parse(data, length, 1, 1, &code, first);
+            delete first;
+            if (second)
+                for (U16 id : second->getEventsIDs())
+                    second->getEvent(id);
+            delete second;
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+}
+
 } // namespace
 
 std::vector<Entry> sequenceEntries()
@@ -201,6 +224,7 @@ std::vector<Entry> sequenceEntries()
         {"TPATTable/sequence", patSequence},
         {"TAITTable/sequence", aitSequence},
         {"TSDTTTable/sequence", sdttSequence},
+        {"TEITTable/threads", eitThreads},
         VURO_LIST_SEQUENCE(TNVODReferenceDescriptor, add, get, remove, size),
         VURO_LIST_SEQUENCE(TMosaicDescriptor, addCell, getCell, removeCell, size),
         VURO_LIST_SEQUENCE(TTSInformationDescriptor, addTransmissionType, getTransmissionType,

@@ -81,9 +81,10 @@ int writeSeeds(const std::string& directory)
             std::fprintf(stderr, "no fuzz entry named %s\n", seed.first.c_str());
             return 1;
         }
-        // The getters and add / remove sequences take the same input.
+        // The getters, add / remove sequences and threads take the same input.
         const int sequence = VuroFuzz::entryIndex(seed.first + "/sequence");
-        for (int selector : {index, sequence})
+        const int threads = VuroFuzz::entryIndex(seed.first + "/threads");
+        for (int selector : {index, sequence, threads})
             if (selector >= 0) {
                 if (!writeWithSelector(directory, selector, seed.second))
                     return 1;
