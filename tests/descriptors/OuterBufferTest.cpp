@@ -9,6 +9,7 @@
 #include <descriptors/TComponentDescriptor.h>
 #include <descriptors/TCountryAvailabilityDescriptor.h>
 #include <descriptors/TGingaNCLApplicationDescriptor.h>
+#include <descriptors/TGingaNCLApplicationLocationDescriptor.h>
 #include <descriptors/TIPSignalingDescriptor.h>
 #include <descriptors/TServiceDescriptor.h>
 #include <descriptors/TTimeShiftedServiceDescriptor.h>
@@ -76,4 +77,16 @@ TEST(OuterBuffer, FixedBodiesWithoutALengthLine)
     expectStopsAt<TIPSignalingDescriptor>(descriptor(TIPSignalingDescriptor::DESCRIPTOR_TAG, {0x00, 0x00, 0x01}), 4,
                                           kDescriptorLength, {});
     expectStopsAt<TBouquetNameDescriptor>(descriptor(0x47, {'B', 'o', 'u', 'q'}), 5, kDescriptorLength, {});
+}
+
+TEST(OuterBuffer, GingaApplicationLocation)
+{
+    // base_directory "ab", classpath_extension "c", initial class "main".
+    const Bytes location = descriptor(TGingaNCLApplicationLocationDescriptor::DESCRIPTOR_TAG,
+                                      {2, 'a', 'b', 1, 'c', 'm', 'a', 'i', 'n'});
+    const std::string line =
+        "ISDBTUtils: TGingaApplicationLocationDescriptor::parse: Longer data length is required: ";
+    expectStopsAt<TGingaNCLApplicationLocationDescriptor>(location, 2, kDescriptorLength, {line + "0 < 1. Aborting!"});
+    expectStopsAt<TGingaNCLApplicationLocationDescriptor>(location, 4, kDescriptorLength, {line + "1 < 2. Aborting!"});
+    expectStopsAt<TGingaNCLApplicationLocationDescriptor>(location, 9, kDescriptorLength, {line + "2 < 4. Aborting!"});
 }
