@@ -46,6 +46,11 @@ void transportVariant(U8* data, U32 length)
     if (variant->parseData(data, length, &read, &code)) {
         delete TTransportProtocolDescriptor::clone(variant.get());
         delete new V(variant.get());
+        if constexpr (std::is_same_v<V, TTransportProtocolDescriptorIP>) {
+            variant->getOriginalNetworkID();
+            variant->getTransportStreamID();
+            variant->addURL("http://x");
+        }
     }
     delete new V(static_cast<V*>(nullptr));
 }

@@ -92,6 +92,9 @@ void pmtSequence(U8* data, U32 length)
                 entry->getCarouselIdentifierDescriptor(inherit, &inherited);
                 entry->getISO639LanguageDescriptor(inherit, &inherited);
             }
+            if (TCarouselIdentifierDescriptor* carousel = entry->getCarouselIdentifierDescriptor(FALSE, &inherited))
+                (void)(carousel->getModuleVersion() + carousel->getModuleID() + carousel->getBlockSize() +
+                       carousel->getCompressionMethod() + carousel->getOriginalSize() + carousel->getTimeOut());
             table.getProgramMap(entry->getStreamType(), pick);
             table.getProgramMapByComponentTag(pick);
             table.getProgramMapsByStreamType(entry->getStreamType());
@@ -156,6 +159,7 @@ void sdtSequence(U8* data, U32 length)
 void patSequence(U8* data, U32 length)
 {
     parsedTable<TPATTable>(data, length, [](TPATTable& table, U8) {
+        table.getGenericDataField();
         table.add(nullptr);
         keyedSequence(
             table, table.getProgramNumbers(), [](TPATTable& t, U16 id) { t.get(id); },
@@ -168,6 +172,9 @@ void aitSequence(U8* data, U32 length)
     parsedTable<TAITTable>(data, length, [](TAITTable& table, U8) {
         table.getApplicationNameDescriptor();
         table.getGingaApplicationLocationDescriptor();
+        if (TExternalApplicationAuthorizationDescriptor* authorisation =
+                table.getExternalApplicationAuthorizationDescriptor())
+            authorisation->add(nullptr);
         table.addApplication(nullptr);
         keyedSequence(
             table, table.getApplicationsIDs(), [](TAITTable& t, const std::string& id) { t.getApplication(id); },
@@ -180,6 +187,7 @@ void sdttSequence(U8* data, U32 length)
     parsedTable<TSDTTTable>(data, length, [](TSDTTTable& table, U8 pick) {
         for (U32 i = 0; i < table.getDownloadContentSize(); ++i)
             if (TDownloadContent* content = table.getDownloadContent(static_cast<U8>(i))) {
+                content->setParentSDTTTable(&table);
                 content->addScheduleInfo(nullptr);
                 content->removeScheduleInfo(static_cast<U8>(pick % (content->getScheduleInfoSize() + 1)));
                 while (content->getScheduleInfoSize() && content->removeScheduleInfo(0)) {
@@ -190,6 +198,15 @@ void sdttSequence(U8* data, U32 length)
         while (table.getDownloadContentSize() && table.removeDownloadContent(0)) {
         }
     });
+}
+
+// Ginga parameters read through parseData (data at the first length byte).
+void gingaParameters(U8* data, U32 length)
+{
+    U32 read = 0;
+    U16 code = 0;
+    TGingaNCLApplicationDescriptor descriptor(data, length);
+    descriptor.parseData(data, length, length & 1 ? nullptr : &read, &code);
 }
 
 // Three receiver threads parse the same section at once, each against its
@@ -204,9 +221,12 @@ void eitThreads(U8* data, U32 length)
             TEITTable* first = TEITTable::parse(data, length, 1, 1, &code, nullptr);
             TEITTable* second = TEITTable::parse(data, length, 1, 1, &code, first);
             delete first;
-            if (second)
-                for (U16 id : second->getEventsIDs())
-                    second->getEvent(id);
+            if (second) {
+                const TEITTable& events = *second;
+                for (U16 id : events.getEventsIDs())
+                    events.getEvent(id);
+                second->addItem(nullptr);
+            }
             delete second;
         });
     for (std::thread& thread : threads)
@@ -225,6 +245,7 @@ std::vector<Entry> sequenceEntries()
         {"TAITTable/sequence", aitSequence},
         {"TSDTTTable/sequence", sdttSequence},
         {"TEITTable/threads", eitThreads},
+        {"TGingaNCLApplicationDescriptor::parseData", gingaParameters},
         VURO_LIST_SEQUENCE(TNVODReferenceDescriptor, add, get, remove, size),
         VURO_LIST_SEQUENCE(TMosaicDescriptor, addCell, getCell, removeCell, size),
         VURO_LIST_SEQUENCE(TTSInformationDescriptor, addTransmissionType, getTransmissionType,

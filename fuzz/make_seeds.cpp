@@ -81,9 +81,12 @@ int writeSeeds(const std::string& directory)
             std::fprintf(stderr, "no fuzz entry named %s\n", seed.first.c_str());
             return 1;
         }
-        // The getters, add / remove sequences and threads take the same input.
-        const int sequence = VuroFuzz::entryIndex(seed.first + "/sequence");
-        const int threads = VuroFuzz::entryIndex(seed.first + "/threads");
+        // The getters, add / remove sequences and threads take the input of
+        // the entry they are named after (or of its other forms).
+        const std::string base = seed.first.substr(0, seed.first.find('/'));
+        const bool named = seed.first == base || VuroFuzz::entryIndex(base) < 0;
+        const int sequence = named ? VuroFuzz::entryIndex(base + "/sequence") : -1;
+        const int threads = seed.first == base ? VuroFuzz::entryIndex(base + "/threads") : -1;
         for (int selector : {index, sequence, threads})
             if (selector >= 0) {
                 if (!writeWithSelector(directory, selector, seed.second))
