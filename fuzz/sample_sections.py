@@ -24,29 +24,28 @@ def sections(stream):
         if packet[1] & 0x40:
             pointer = payload[0]
             if pid in pending:
-                yield from complete(pending[pid] + payload[1:1 + pointer])
+                found, _ = take(pending[pid] + payload[1:1 + pointer])
+                yield from found
             pending[pid] = bytearray(payload[1 + pointer:])
         elif pid in pending:
             pending[pid] += payload
         else:
             continue
-        buffer = pending[pid]
-        while len(buffer) >= 3 and buffer[0] != 0xFF:
-            length = 3 + (((buffer[1] & 0x0F) << 8) | buffer[2])
-            if length > len(buffer):
-                break
-            yield bytes(buffer[:length])
-            buffer = buffer[length:]
-        pending[pid] = buffer if not buffer or buffer[0] != 0xFF else bytearray()
+        found, pending[pid] = take(pending[pid])
+        yield from found
 
 
-def complete(buffer):
+def take(buffer):
+    """The complete sections at the front of buffer, and what follows them
+    (nothing after stuffing)."""
+    found = []
     while len(buffer) >= 3 and buffer[0] != 0xFF:
         length = 3 + (((buffer[1] & 0x0F) << 8) | buffer[2])
         if length > len(buffer):
-            return
-        yield bytes(buffer[:length])
+            break
+        found.append(bytes(buffer[:length]))
         buffer = buffer[length:]
+    return found, buffer if not buffer or buffer[0] != 0xFF else bytearray()
 
 
 def main():
