@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <descriptors/TApplicationDescriptor.h>
+#include <descriptors/TApplicationIconDescriptor.h>
 #include <descriptors/TBouquetNameDescriptor.h>
 #include <descriptors/TComponentDescriptor.h>
 #include <descriptors/TCountryAvailabilityDescriptor.h>
@@ -49,6 +50,11 @@ TEST(OuterBuffer, ApplicationDescriptors)
     const std::string exceeded = "ISDBTUtils: TApplicationDescriptor:: parse: Section length exceeded. Aborting!";
     for (std::size_t kept : {2u, 9u, 10u})
         expectStopsAt<TApplicationDescriptor>(application, kept, kDataLength, {exceeded});
+
+    // The icon locator's length byte, then its characters, past the end.
+    const Bytes icon = descriptor(TApplicationIconDescriptor::DESCRIPTOR_TAG, {3, 'i', '/', 'a', 0x00, 0x01});
+    for (std::size_t kept : {2u, 4u})
+        expectStopsAt<TApplicationIconDescriptor>(icon, kept, kDescriptorLength, {});
 
     // Ginga parameters: the second one passes the end; the class has no
     // length line.
