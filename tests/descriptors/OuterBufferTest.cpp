@@ -12,6 +12,7 @@
 #include <descriptors/TGingaNCLApplicationDescriptor.h>
 #include <descriptors/TGingaNCLApplicationLocationDescriptor.h>
 #include <descriptors/TIPSignalingDescriptor.h>
+#include <descriptors/TMosaicDescriptor.h>
 #include <descriptors/TServiceDescriptor.h>
 #include <descriptors/TTimeShiftedServiceDescriptor.h>
 
@@ -83,6 +84,7 @@ TEST(OuterBuffer, FixedBodiesWithoutALengthLine)
     expectStopsAt<TIPSignalingDescriptor>(descriptor(TIPSignalingDescriptor::DESCRIPTOR_TAG, {0x00, 0x00, 0x01}), 4,
                                           kDescriptorLength, {});
     expectStopsAt<TBouquetNameDescriptor>(descriptor(0x47, {'B', 'o', 'u', 'q'}), 5, kDescriptorLength, {});
+    expectStopsAt<TMosaicDescriptor>(descriptor(0x51, {0x90}), 2, kDescriptorLength, {});
 }
 
 TEST(OuterBuffer, GingaApplicationLocation)
