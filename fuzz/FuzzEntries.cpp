@@ -55,7 +55,7 @@ std::vector<Entry> build()
     std::vector<Entry> all = foundation();
     for (std::vector<Entry> family :
          {networkEntries(), serviceEventEntries(), streamEntries(), programMapEntries(), serviceTimeEntries(),
-          downloadEntries(), dsmccEntries(), applicationEntries(), eventEntries()})
+          downloadEntries(), dsmccEntries(), applicationEntries(), sequenceEntries(), eventEntries()})
         all.insert(all.end(), family.begin(), family.end());
     return all;
 }

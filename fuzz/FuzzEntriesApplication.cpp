@@ -21,6 +21,7 @@ void descriptorCopy(U8* data, U32 length)
     D* copy = new D(parsed);
     delete parsed;
     delete copy;
+    delete new D(static_cast<D*>(nullptr)); // a copy of nothing is empty
 }
 
 void transportClone(U8* data, U32 length)
@@ -35,15 +36,23 @@ void transportClone(U8* data, U32 length)
 }
 
 // A transport protocol variant filled through parseData (the data starting
-// at protocol_id), then cloned.
+// at protocol_id), then cloned and copied (and a copy of nothing made).
 template <class V>
 void transportVariant(U8* data, U32 length)
 {
     U32 read = 0;
     U16 code = 0;
     std::unique_ptr<V> variant(new V(data, length));
-    if (variant->parseData(data, length, &read, &code))
+    if (variant->parseData(data, length, &read, &code)) {
         delete TTransportProtocolDescriptor::clone(variant.get());
+        delete new V(variant.get());
+        if constexpr (std::is_same_v<V, TTransportProtocolDescriptorIP>) {
+            variant->getOriginalNetworkID();
+            variant->getTransportStreamID();
+            variant->addURL("http://x");
+        }
+    }
+    delete new V(static_cast<V*>(nullptr));
 }
 
 void locationData(U8* data, U32 length)
@@ -115,6 +124,8 @@ std::vector<Entry> applicationEntries()
         {"TTransportProtocolDescriptorIP::parseData", transportVariant<TTransportProtocolDescriptorIP>},
         {"TTransportProtocolDescriptorIC::parseData", transportVariant<TTransportProtocolDescriptorIC>},
         {"TTransportProtocolDescriptorPC::parseData", transportVariant<TTransportProtocolDescriptorPC>},
+        {"TTransportProtocolDescriptorOC::parseData", transportVariant<TTransportProtocolDescriptorOC>},
+        {"TTransportProtocolDescriptorDC::parseData", transportVariant<TTransportProtocolDescriptorDC>},
     };
 }
 

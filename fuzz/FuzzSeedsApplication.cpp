@@ -91,6 +91,8 @@ std::vector<Seed> applicationSeeds()
         {"TTransportProtocolDescriptorIP::parseData", Bytes(ip.begin() + 2, ip.end())},
         {"TTransportProtocolDescriptorIC::parseData", interactive},
         {"TTransportProtocolDescriptorPC::parseData", {0x00, 0x05, 0x03, 0x00, 0x44}},
+        {"TTransportProtocolDescriptorOC::parseData", {0x00, 0x01, 0x07, 0x80, 0x06, 0x40, 0x06, 0x41, 0x00, 0x01, 0x21}},
+        {"TTransportProtocolDescriptorDC::parseData", {0x00, 0x04, 0x08, 0x00, 0x31}},
     };
 }
 

@@ -70,6 +70,15 @@ BOOL TApplicationDescriptor::parseBody(U32 dataLength, const U8* limit, U32& par
     U8* position = m_pData + COMMON_HEADER_LENGTH;
     U32 remaining = dataLength - COMMON_HEADER_LENGTH;
     const U8 reported = static_cast<U8>(remaining);
+    // A descriptor_length running past the buffer stops at its end with the
+    // class's length line.
+    const auto pastBuffer = [&]() {
+        VURO_LOGW("%s: TApplicationDescriptor:: parse: Section length exceeded. Aborting!", VURO_LOG_ORIGIN);
+        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
+        return FALSE;
+    };
+    if (!fits(position, limit, 1))
+        return pastBuffer();
     U8 profilesLength = position[0];
     ++position;
     --remaining;
@@ -94,11 +103,10 @@ BOOL TApplicationDescriptor::parseBody(U32 dataLength, const U8* limit, U32& par
         remaining -= kProfileLength;
         position += kProfileLength;
     }
-    if (remaining < kFlagsLength) {
-        VURO_LOGW("%s: TApplicationDescriptor:: parse: Section length exceeded. Aborting!", VURO_LOG_ORIGIN);
-        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DATA_LENGTH);
-        return FALSE;
-    }
+    if (remaining < kFlagsLength)
+        return pastBuffer();
+    if (!fits(position, limit, remaining))
+        return pastBuffer();
     m_bServiceBoundFlag = (position[0] & 0x80) ? TRUE : FALSE;
     m_iVisibility = static_cast<U8>((position[0] >> 5) & 0x03);
     m_bVisibilityUsers = (m_iVisibility & 0x02) ? TRUE : FALSE;

@@ -41,6 +41,12 @@ TApplicationIconDescriptor* TApplicationIconDescriptor::parse(U8* sectionData, U
 BOOL TApplicationIconDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
     U8* position = m_pData + COMMON_HEADER_LENGTH;
+    // The locator's length byte and characters past the end of the buffer
+    // stop the parse as its flags do (no length line).
+    if (!stringFits(position, limit, dataLength - COMMON_HEADER_LENGTH)) {
+        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+        return FALSE;
+    }
     const S32 read = ParserUtils::parseStr(position, m_sIconLocator, 0, dataLength - COMMON_HEADER_LENGTH);
     if (read < 0) {
         VURO_LOGW("%s: TApplicationIconDescriptor:: parse: ERROR: parsing Icon Locator. Aborting!", VURO_LOG_ORIGIN);

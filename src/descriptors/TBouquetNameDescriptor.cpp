@@ -2,6 +2,7 @@
 
 #include "../utils/ParserUtils.h"
 #include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -23,9 +24,12 @@ TBouquetNameDescriptor* TBouquetNameDescriptor::parse(U8* sectionData, U32 dataL
     return parseDescriptor<TBouquetNameDescriptor>(sectionData, dataLength, parsedLength, errorCode, limit);
 }
 
-BOOL TBouquetNameDescriptor::parseBody(U32 dataLength, const U8*, U32& parsedLength, U16* errorCode)
+BOOL TBouquetNameDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
     const U32 nameLength = dataLength - COMMON_HEADER_LENGTH;
+    // The name past the end of the buffer (no length line).
+    if (!descriptorBytesInBuffer(m_pData + COMMON_HEADER_LENGTH, limit, nameLength, errorCode))
+        return FALSE;
     const S32 read = ParserUtils::parseStr(m_pData + COMMON_HEADER_LENGTH, m_sBouquetName, nameLength, nameLength);
     if (read < 0) {
         VURO_LOGW("%s: TBouquetNameDescriptor:: parse: ERROR: parsing Bouquet Name. Aborting!", VURO_LOG_ORIGIN);

@@ -2,6 +2,7 @@
 
 #include "../utils/ParserUtils.h"
 #include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -30,11 +31,17 @@ TComponentDescriptor* TComponentDescriptor::parse(U8* sectionData, U32 dataLengt
     return parseDescriptor<TComponentDescriptor>(sectionData, dataLength, parsedLength, errorCode, limit);
 }
 
-BOOL TComponentDescriptor::parseBody(U32 dataLength, const U8*, U32& parsedLength, U16* errorCode)
+BOOL TComponentDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    // A descriptor_length running past the buffer stops at its end, field by
+    // field (the class has no length line).
+    if (!descriptorBytesInBuffer(m_pData, limit, kLanguageCodeOffset, errorCode))
+        return FALSE;
     m_iStreamContent = m_pData[2] & 0x0F;
     m_iComponentType = m_pData[3];
     m_iComponentTag = m_pData[4];
+    if (!descriptorBytesInBuffer(m_pData + kLanguageCodeOffset, limit, kLanguageCodeLength, errorCode))
+        return FALSE;
     if (ParserUtils::parseStr(m_pData + kLanguageCodeOffset, m_sLanguageCode, kLanguageCodeLength,
                               dataLength - kLanguageCodeOffset) != static_cast<S32>(kLanguageCodeLength)) {
         VURO_LOGW("%s: TComponentDescriptor:: parse: ERROR: parsing Language Code. Aborting!", VURO_LOG_ORIGIN);
@@ -42,6 +49,8 @@ BOOL TComponentDescriptor::parseBody(U32 dataLength, const U8*, U32& parsedLengt
         return FALSE;
     }
     const U32 textLength = dataLength - kTextOffset;
+    if (!descriptorBytesInBuffer(m_pData + kTextOffset, limit, textLength, errorCode))
+        return FALSE;
     const S32 read = ParserUtils::parseStr(m_pData + kTextOffset, m_sText, textLength, textLength);
     if (read != static_cast<S32>(textLength)) {
         VURO_LOGW("%s: TComponentDescriptor:: parse: ERROR: parsing Text. Aborting!", VURO_LOG_ORIGIN);

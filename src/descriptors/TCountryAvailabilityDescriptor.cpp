@@ -1,6 +1,7 @@
 #include "TCountryAvailabilityDescriptor.h"
 
 #include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -42,6 +43,8 @@ BOOL TCountryAvailabilityDescriptor::remove(U32 index)
 
 BOOL TCountryAvailabilityDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    if (!descriptorBytesInBuffer(m_pData, limit, kFirstCodeOffset, errorCode))
+        return FALSE; // the flag byte past the end of the buffer
     m_iCountryAvailabilityFlag = static_cast<U8>(m_pData[2] >> 7);
     const U8* position = m_pData + kFirstCodeOffset;
     // Codes are taken until the count is used up exactly. A count that is no

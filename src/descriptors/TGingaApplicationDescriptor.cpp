@@ -35,17 +35,28 @@ BOOL TGingaApplicationDescriptor::remove(U32 index)
     return TRUE;
 }
 
-BOOL TGingaApplicationDescriptor::parseBody(U32 dataLength, const U8* /*limit*/, U32& parsedLength, U16* errorCode)
+BOOL TGingaApplicationDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
-    return parseData(m_pData + COMMON_HEADER_LENGTH, dataLength - COMMON_HEADER_LENGTH, &parsedLength, errorCode);
+    return parseParameters(m_pData + COMMON_HEADER_LENGTH, dataLength - COMMON_HEADER_LENGTH, limit, &parsedLength,
+                           errorCode);
 }
 
 BOOL TGingaApplicationDescriptor::parseData(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode)
+{
+    return parseParameters(sectionData, dataLength, outerLimit(sectionData, dataLength), parsedLength, errorCode);
+}
+
+BOOL TGingaApplicationDescriptor::parseParameters(U8* sectionData, U32 dataLength, const U8* limit,
+                                                  U32* parsedLength, U16* errorCode)
 {
     U8* position = sectionData;
     U32 remaining = dataLength;
     while (remaining != 0) {
         std::string parameter;
+        if (!stringFits(position, limit, remaining)) {
+            ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+            return FALSE;
+        }
         const S32 read = ParserUtils::parseStr(position, parameter, 0, remaining);
         if (read < 0) {
             VURO_LOGW("%s: TGingaApplicationDescriptor:: parse: ERROR: parsing Parameter. Aborting!",

@@ -37,6 +37,11 @@ protected:
     BOOL parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode);
 
 private:
+    // parseData reading nothing at or beyond limit (a parameter that would
+    // pass it fails with ERROR_INVALID_DESCRIPTOR_LENGTH; the class has no
+    // length line).
+    BOOL parseParameters(U8* sectionData, U32 dataLength, const U8* limit, U32* parsedLength, U16* errorCode);
+
     std::list<std::string> m_pItems;
 };
 

@@ -75,11 +75,15 @@ BOOL TGingaApplicationLocationDescriptor::parseFields(U8* sectionData, U32 dataL
         return FALSE;
     }
     U8* position = sectionData;
+    if (!fits(position, limit, 1))
+        return longerRequired(bytesLeft(position, limit), 1, errorCode);
     const U32 baseLength = *position++;
     U32 remaining = dataLength - 1;
     if (baseLength > remaining)
         return longerRequired(remaining, baseLength, errorCode);
     if (baseLength != 0) {
+        if (!fits(position, limit, baseLength))
+            return longerRequired(bytesLeft(position, limit), baseLength, errorCode);
         if (ParserUtils::parseStr(position, m_sBaseDirectory, baseLength, remaining) < 0)
             return badString("%s: TGingaApplicationLocationDescriptor:: parse: ERROR: parsing Base Directory. "
                              "Aborting!",

@@ -1,6 +1,7 @@
 #include "TMosaicDescriptor.h"
 
 #include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -30,6 +31,9 @@ TMosaicDescriptor* TMosaicDescriptor::parse(U8* sectionData, U32 dataLength, U32
 
 BOOL TMosaicDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    // The cell-count byte past the end of the buffer (no length line).
+    if (!descriptorBytesInBuffer(m_pData, limit, kFirstCellOffset, errorCode))
+        return FALSE;
     const U8 counts = m_pData[2];
     // The counts are read with two-bit masks (0x30, 0x03) although the fields
     // are three bits wide, so grids are at most 4 x 4 cells; this is intended

@@ -38,9 +38,14 @@ BOOL TServiceDescriptor::failLength(U32 available, U32 needed, U16* errorCode)
 
 BOOL TServiceDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    // A descriptor_length running past the buffer: each field stops at its end.
+    if (!fits(m_pData, limit, kProviderNameOffset))
+        return failLength(bytesLeft(m_pData, limit), kProviderNameOffset, errorCode);
     m_iServiceType = m_pData[2];
     U8* cursor = m_pData + kProviderNameOffset;
     U32 available = dataLength - kProviderNameOffset;
+    if (!stringFits(cursor, limit, available))
+        return failLength(bytesLeft(cursor, limit), fits(cursor, limit, 1) ? 1u + cursor[0] : 1u, errorCode);
     const S32 providerRead = ParserUtils::parseStr(cursor, m_sServiceProviderName, 0, available);
     if (providerRead < 0) {
         VURO_LOGW("%s: TServiceDescriptor:: parse: ERROR: parsing Service Provider Name. Aborting!",

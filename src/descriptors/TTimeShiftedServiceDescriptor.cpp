@@ -1,6 +1,7 @@
 #include "TTimeShiftedServiceDescriptor.h"
 
 #include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -24,8 +25,11 @@ TTimeShiftedServiceDescriptor* TTimeShiftedServiceDescriptor::parse(U8* sectionD
     return parseDescriptor<TTimeShiftedServiceDescriptor>(sectionData, dataLength, parsedLength, errorCode, limit);
 }
 
-BOOL TTimeShiftedServiceDescriptor::parseBody(U32, const U8*, U32& parsedLength, U16*)
+BOOL TTimeShiftedServiceDescriptor::parseBody(U32, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    // reference_service_id past the end of the buffer (no length line).
+    if (!descriptorBytesInBuffer(m_pData + COMMON_HEADER_LENGTH, limit, 2, errorCode))
+        return FALSE;
     m_iReferenceServiceID = readU16(m_pData + COMMON_HEADER_LENGTH);
     parsedLength = 2;
     return TRUE;

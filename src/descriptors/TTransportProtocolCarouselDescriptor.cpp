@@ -48,18 +48,24 @@ BOOL TTransportProtocolCarouselDescriptor::parseSelector(const char* lengthLine,
     };
     if (dataLength < kLocalSelector)
         return tooShort(dataLength);
+    if (!selectorFits(sectionData, kFirstFour))
+        return tooShort(selectorBytesLeft(sectionData));
     m_iTransportProtocolLabel = sectionData[2];
     m_bRemoteConnection = (sectionData[3] & 0x80) ? TRUE : FALSE;
     U32 read = kLocalSelector;
     if (m_bRemoteConnection) {
         if (dataLength - kFirstFour < kRemoteTriplet)
             return tooShort(dataLength - kFirstFour);
+        if (!selectorFits(sectionData, kFirstFour + kRemoteTriplet))
+            return tooShort(selectorBytesLeft(sectionData));
         m_iOriginalNetworkID = readU16(sectionData + 4);
         m_iTransportStreamID = readU16(sectionData + 6);
         m_iServiceID = readU16(sectionData + 8);
         m_iComponentTag = sectionData[10];
         read = kFirstFour + kRemoteTriplet;
     } else {
+        if (!selectorFits(sectionData, kLocalSelector))
+            return tooShort(selectorBytesLeft(sectionData));
         m_iComponentTag = sectionData[4];
     }
     // Bytes after component_tag (the selector's private bytes) are not read.

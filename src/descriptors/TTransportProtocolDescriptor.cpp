@@ -25,15 +25,21 @@ TTransportProtocolDescriptor* TTransportProtocolDescriptor::parse(U8* sectionDat
     return parse(sectionData, dataLength, parsedLength, errorCode, nullptr);
 }
 
-// The selectors are read inside the descriptor's own dataLength bytes, which
-// the owner has checked against the buffer, so limit is not needed here.
+// A descriptor whose descriptor_length runs past the buffer (limit) is read
+// as far as the buffer goes: the protocol_id past it fails silently with
+// ERROR_INVALID_DESCRIPTOR_LENGTH (this class has no length line), a
+// selector field past it with the variant's "Item length not valid" line.
 TTransportProtocolDescriptor* TTransportProtocolDescriptor::parse(U8* sectionData, U32 dataLength,
                                                                   U32* parsedLength, U16* errorCode,
-                                                                  const U8* /*limit*/)
+                                                                  const U8* limit)
 {
     if (!parseCommonHeader(sectionData, dataLength, errorCode, static_cast<U8>(MINIMUM_DESCRIPTOR_LENGTH),
                            DESCRIPTOR_TAG))
         return nullptr;
+    if (limit && !fits(sectionData, limit, COMMON_HEADER_LENGTH + 2)) {
+        ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_INVALID_DESCRIPTOR_LENGTH);
+        return nullptr;
+    }
     const U16 protocolId = readU16(sectionData + COMMON_HEADER_LENGTH);
     const U32 length = dataLength - COMMON_HEADER_LENGTH;
     TTransportProtocolDescriptor* descriptor = nullptr;
@@ -58,7 +64,10 @@ TTransportProtocolDescriptor* TTransportProtocolDescriptor::parse(U8* sectionDat
         return nullptr;
     }
     U32 read = 0;
-    if (!descriptor->parseData(sectionData + COMMON_HEADER_LENGTH, length, &read, errorCode)) {
+    descriptor->m_pReadLimit = limit;
+    const BOOL parsed = descriptor->parseData(sectionData + COMMON_HEADER_LENGTH, length, &read, errorCode);
+    descriptor->m_pReadLimit = nullptr;
+    if (!parsed) {
         delete descriptor;
         return nullptr;
     }
@@ -66,6 +75,21 @@ TTransportProtocolDescriptor* TTransportProtocolDescriptor::parse(U8* sectionDat
         *parsedLength = read;
     ISDBTUtils::setErrorCode(errorCode, TISDBTTable::ERROR_OK);
     return descriptor;
+}
+
+BOOL TTransportProtocolDescriptor::selectorFits(const U8* pos, U32 need) const
+{
+    return !m_pReadLimit || fits(pos, m_pReadLimit, need);
+}
+
+U32 TTransportProtocolDescriptor::selectorBytesLeft(const U8* pos) const
+{
+    return m_pReadLimit ? bytesLeft(pos, m_pReadLimit) : 0xFFFFFFFFu;
+}
+
+BOOL TTransportProtocolDescriptor::selectorStringFits(const U8* pos, U32 maxLength) const
+{
+    return !m_pReadLimit || stringFits(pos, m_pReadLimit, maxLength);
 }
 
 TTransportProtocolDescriptor* TTransportProtocolDescriptor::clone(TTransportProtocolDescriptor* source)

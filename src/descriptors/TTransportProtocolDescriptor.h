@@ -43,9 +43,23 @@ public:
     U8 getTransportProtocolLabel() const { return m_iTransportProtocolLabel; }
 
 protected:
+    // For the selector readers: TRUE when need bytes at pos lie inside the
+    // buffer the outermost parse was handed (always, when parseData is the
+    // outermost call: its own dataLength bytes are that buffer).
+    BOOL selectorFits(const U8* pos, U32 need) const;
+    // Bytes from pos to the end of that buffer (U32 max without a limit).
+    U32 selectorBytesLeft(const U8* pos) const;
+    // TRUE when ParserUtils::parseStr(pos, target, 0, maxLength) reads only
+    // bytes inside that buffer.
+    BOOL selectorStringFits(const U8* pos, U32 maxLength) const;
+
     Type m_eMyType;
     VURO_U16 m_iProtocolID;
     VURO_U8 m_iTransportProtocolLabel;
+
+private:
+    // End of the outermost buffer while parse runs parseData; null otherwise.
+    const U8* m_pReadLimit = nullptr;
 };
 
 } // namespace Vuro

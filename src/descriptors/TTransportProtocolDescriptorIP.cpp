@@ -71,6 +71,8 @@ BOOL TTransportProtocolDescriptorIP::parseData(U8* sectionData, U32 dataLength, 
     };
     if (dataLength < kMinimumSelector)
         return tooShort(dataLength);
+    if (!selectorFits(sectionData, kFirstFour))
+        return tooShort(selectorBytesLeft(sectionData));
     m_iTransportProtocolLabel = sectionData[2];
     m_bRemoteConnection = (sectionData[3] & 0x80) ? TRUE : FALSE;
     U8* position = sectionData + kFirstFour;
@@ -79,6 +81,8 @@ BOOL TTransportProtocolDescriptorIP::parseData(U8* sectionData, U32 dataLength, 
     if (m_bRemoteConnection) {
         if (remaining < kRemoteNeeds)
             return tooShort(remaining);
+        if (!selectorFits(position, kRemoteIds))
+            return tooShort(selectorBytesLeft(position));
         m_iOriginalNetworkID = readU16(position);
         m_iTransportStreamID = readU16(position + 2);
         m_iServiceID = readU16(position + 4);
@@ -86,12 +90,16 @@ BOOL TTransportProtocolDescriptorIP::parseData(U8* sectionData, U32 dataLength, 
         remaining = dataLength - (kFirstFour + kRemoteIds);
         read = kFirstFour + kRemoteIds;
     }
+    if (!selectorFits(position, 1))
+        return tooShort(selectorBytesLeft(position));
     m_bAlignmentIndicator = (position[0] & 0x80) ? TRUE : FALSE;
     ++position;
     --remaining;
     ++read;
     while (remaining != 0) {
         std::string url;
+        if (!selectorStringFits(position, remaining))
+            return tooShort(selectorBytesLeft(position));
         const S32 consumed = ParserUtils::parseStr(position, url, 0, remaining);
         if (consumed < 0) {
             // The line names the application name item although the URL

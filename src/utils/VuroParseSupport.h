@@ -56,6 +56,19 @@ inline void copyByteBlock(const U8* from, U32 count, VURO_U8*& block, VURO_U8& s
     std::memcpy(block, from, count);
 }
 
+// True when ParserUtils::parseStr(pos, target, 0, maxLength) reads only
+// bytes inside the buffer ending at limit: its length byte (when maxLength
+// leaves one) and, when the string is not refused for exceeding maxLength,
+// its characters.
+inline bool stringFits(const U8* pos, const U8* limit, U32 maxLength)
+{
+    if (maxLength == 0)
+        return true;
+    if (!fits(pos, limit, 1))
+        return false;
+    return pos[0] > maxLength - 1 || fits(pos, limit, 1u + pos[0]);
+}
+
 // The limit a parse uses when it is the outermost call: the end of its own
 // data (null data has no readable byte).
 inline const U8* outerLimit(const U8* data, U32 dataLength)

@@ -107,6 +107,25 @@ TEST(TransportProtocolDescriptor, Refusals)
                             {kHeaderLine + "(5) Longer descriptor length is required: 2 < 3. Aborting!"});
 }
 
+// A descriptor whose descriptor_length runs past the buffer it sits in is
+// read up to the buffer's end and no further.
+TEST(TransportProtocolDescriptor, SelectorsStopAtTheEndOfTheBuffer)
+{
+    const auto cut = [](const Bytes& whole, std::size_t drop) { return Bytes(whole.begin(), whole.end() - drop); };
+    // The protocol_id itself past the end: no line, the descriptor length code.
+    expectRefusedWithin<TP>({0x02, 0x05, 0x00}, 7, kDescriptorLength, {});
+    // A remote object carousel selector cut after 6 of its 11 bytes.
+    const Bytes carousel = descriptor(0x02, transport(1, 0, {0x80, 0, 1, 0, 2, 0, 3, 0x04}));
+    expectRefusedWithin<TP>(cut(carousel, 5), static_cast<U32>(carousel.size()), kDataLength,
+                            {lengthLine("OC", 6)});
+    // An IP URL whose characters pass the end (6 bytes left at its length byte).
+    const Bytes ip = descriptor(0x02, transport(2, 0, {0x00, 0x80, 8, 'h', 't', 't', 'p', ':', '/', '/', 'x'}));
+    expectRefusedWithin<TP>(cut(ip, 3), static_cast<U32>(ip.size()), kDataLength, {lengthLine("IP", 6)});
+    // Whole in the buffer, the same bytes decode.
+    Parsed<TP> whole(ip, static_cast<U32>(ip.size()));
+    EXPECT_TRUE(whole.decoded(14u));
+}
+
 TEST(TransportProtocolDescriptor, IPSelectorWithURLs)
 {
     LogCapture log;
