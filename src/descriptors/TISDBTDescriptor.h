@@ -44,7 +44,16 @@ public:
     static D* parseDescriptor(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode,
                               const U8* limit)
     {
-        if (!parseCommonHeader(sectionData, dataLength, errorCode, static_cast<U8>(D::MINIMUM_DESCRIPTOR_LENGTH),
+        // A descriptor whose tag and length bytes would already lie past the
+        // outer buffer is checked on the bytes that are there, so the header
+        // check refuses it for its length without reading on.
+        U32 headerData = dataLength;
+        if (limit && sectionData && dataLength > 0) {
+            const U32 available = limit > sectionData ? static_cast<U32>(limit - sectionData) : 0;
+            if (available < COMMON_HEADER_LENGTH && available < dataLength)
+                headerData = available;
+        }
+        if (!parseCommonHeader(sectionData, headerData, errorCode, static_cast<U8>(D::MINIMUM_DESCRIPTOR_LENGTH),
                                D::DESCRIPTOR_TAG))
             return nullptr;
         return parseCheckedDescriptor<D>(sectionData, dataLength, parsedLength, errorCode, limit);

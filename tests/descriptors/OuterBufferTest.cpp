@@ -38,6 +38,9 @@ TEST(OuterBuffer, ServiceDescriptor)
 {
     const Bytes service = descriptor(0x48, {0x01, 5, 'G', 'l', 'o', 'b', 'o', 2, 'T', 'V'});
     const std::string line = "ISDBTUtils: TServiceDescriptor::parse: Longer data length is required: ";
+    // Only the tag byte is left: the header check refuses it for its length.
+    expectStopsAt<TServiceDescriptor>(service, 1, kDescriptorLength,
+                                      {kHeaderLine + "(2) Longer data length is required: 1 < 5. Aborting!"});
     expectStopsAt<TServiceDescriptor>(service, 2, kDescriptorLength, {line + "2 < 3. Aborting!"});
     expectStopsAt<TServiceDescriptor>(service, 3, kDescriptorLength, {line + "0 < 1. Aborting!"});
     expectStopsAt<TServiceDescriptor>(service, 5, kDescriptorLength, {line + "2 < 6. Aborting!"});
