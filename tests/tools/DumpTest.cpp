@@ -232,13 +232,15 @@ TEST(DumpTest, BroadcastTextCodings)
     EXPECT_EQ(broadcastText(brazilian, Charset::RAW), "Not\\xEDcias 20 \\xA4\\\\");
     // Kanji in the default G0 set: "\u65E5\u672C" (JIS 0x467C 0x4B5C).
     const std::string japanese = "\x46\x7C\x4B\x5C";
-    EXPECT_EQ(broadcastText(japanese, Charset::ARIB), "\xE6\x97\xA5\xE6\x9C\xAC");
+    // Built without libaribb24 (some cross targets), ARIB text stays raw bytes.
+    const std::string kanji = VuroTools::aribDecoding() ? "\xE6\x97\xA5\xE6\x9C\xAC" : "F|K\\\\";
+    EXPECT_EQ(broadcastText(japanese, Charset::ARIB), kanji);
     // Auto: ARIB only for ARIB control codes or a Japanese stream; language
     // codes stay letters.
     EXPECT_EQ(broadcastText(brazilian, Charset::AUTO), broadcastText(brazilian, Charset::LATIN9));
     EXPECT_EQ(broadcastText(japanese, Charset::AUTO), "F|K\\\\");
     VuroTools::setJapaneseStream(true);
-    EXPECT_EQ(broadcastText(japanese, Charset::AUTO), "\xE6\x97\xA5\xE6\x9C\xAC");
+    EXPECT_EQ(broadcastText(japanese, Charset::AUTO), kanji);
     EXPECT_EQ(broadcastText("jpn", Charset::AUTO), "jpn");
     VuroTools::setJapaneseStream(false);
     // Whatever the bytes, every coding yields valid UTF-8 (JSON output needs it).

@@ -2,8 +2,10 @@
 
 // The decoder's headers declare C functions without extern "C".
 extern "C" {
+#if VURO_HAVE_ARIBB24
 #include <aribb24/aribb24.h>
 #include <aribb24/decoder.h>
+#endif
 }
 
 #include <atomic>
@@ -85,6 +87,7 @@ std::string latin9(const std::string& bytes)
     return out;
 }
 
+#if VURO_HAVE_ARIBB24
 // Length of the well-formed UTF-8 sequence at text[at], 0 when there is none.
 std::size_t utf8Length(const std::string& text, std::size_t at)
 {
@@ -144,6 +147,10 @@ std::string arib(const std::string& bytes)
         return raw(bytes);
     return escapeControls(std::string(utf8.data(), size < utf8.size() ? size : utf8.size()));
 }
+#else
+// Built without libaribb24 (a target Debian has no build of): the bytes as they are.
+std::string arib(const std::string& bytes) { return raw(bytes); }
+#endif
 
 // Codes only ARIB text uses: ESC (designations), LS1/LS0, SS2/SS3 and the C1
 // range (size, colour and other controls), which Latin-9 text never holds.
@@ -186,6 +193,8 @@ bool charsetFromName(const std::string& name, Charset& charset)
 void setCharset(Charset charset) { g_charset = charset; }
 void setJapaneseStream(bool japanese) { g_japanese = japanese; }
 bool japaneseStream() { return g_japanese; }
+
+bool aribDecoding() { return VURO_HAVE_ARIBB24 != 0; }
 
 bool isJapaneseNetwork(unsigned originalNetworkId)
 {

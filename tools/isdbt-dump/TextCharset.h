@@ -23,6 +23,9 @@ bool charsetFromName(const std::string& name, Charset& charset);
 void setCharset(Charset charset);
 void setJapaneseStream(bool japanese);
 bool japaneseStream();
+// Whether this build decodes ARIB text (libaribb24 was found when it was
+// configured); without it ARIB text is shown as with RAW.
+bool aribDecoding();
 // Network ids of Japanese broadcasters (terrestrial 0x7880-0x7FE8, the BS
 // and CS satellites 1-10).
 bool isJapaneseNetwork(unsigned originalNetworkId);
