@@ -5,7 +5,9 @@
 if(NOT DEFINED EXPECTED_STATUS)
     set(EXPECTED_STATUS 0)
 endif()
-execute_process(COMMAND ${PROGRAM} ${INPUT} OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
+# EMULATOR: the command a cross build runs target programs with (may be empty).
+separate_arguments(emulator UNIX_COMMAND "${EMULATOR}")
+execute_process(COMMAND ${emulator} ${PROGRAM} ${INPUT} OUTPUT_VARIABLE output ERROR_VARIABLE errors RESULT_VARIABLE status)
 if(NOT status STREQUAL EXPECTED_STATUS)
     message(FATAL_ERROR "${PROGRAM} ${INPUT}: exit status ${status}, expected ${EXPECTED_STATUS}\n${errors}")
 endif()
