@@ -80,6 +80,30 @@ __attribute__((tls_model("initial-exec")))
 #endif
 thread_local Arena* t_arena = nullptr;
 
+// The bump pointer of the newest chunk of the parse running on this thread,
+// kept beside each other in the thread's static block so that carving an
+// object is two loads and a store. end is null (and every allocation takes
+// the slow path) outside a parse and until its first object, the table,
+// exists. While end is set, chunk->next of that chunk is stale: next is the
+// one in use, written back by syncOut.
+struct Bump {
+    char* next;
+    char* end;
+    Chunk* chunk;
+};
+#if defined(__GLIBC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local Bump t_bump = {nullptr, nullptr, nullptr};
+
+inline void syncOut()
+{
+    Bump& bump = t_bump;
+    if (bump.chunk)
+        bump.chunk->next = bump.next;
+    bump = Bump{nullptr, nullptr, nullptr};
+}
+
 inline std::size_t rounded(std::size_t size)
 {
     return (size + kAlignment - 1) & ~(kAlignment - 1);
@@ -100,32 +124,60 @@ inline std::size_t capacityOf(const Chunk* chunk)
 // kLargestKept go back to the heap. Freed when the thread ends.
 constexpr std::size_t kLargestKept = 256 * 1024;
 
-struct KeptChunk {
-    Chunk* chunk = nullptr;
-    ~KeptChunk() { std::free(chunk); }
-};
+// The kept chunk itself is a plain thread-local pointer (no constructor or
+// destructor, so reaching it costs no initialisation check); the object that
+// frees it when the thread ends is created the first time a chunk is kept.
 #if defined(__GLIBC__)
 __attribute__((tls_model("initial-exec")))
 #endif
-thread_local KeptChunk t_kept;
+thread_local Chunk* t_kept = nullptr;
+
+enum KeptCleanupState : unsigned char { kCleanupNone, kCleanupArmed, kCleanupDone };
+#if defined(__GLIBC__)
+__attribute__((tls_model("initial-exec")))
+#endif
+thread_local KeptCleanupState t_keptCleanup = kCleanupNone;
+
+struct KeptCleanup {
+    KeptCleanup() { t_keptCleanup = kCleanupArmed; }
+    ~KeptCleanup()
+    {
+        std::free(t_kept);
+        t_kept = nullptr;
+        t_keptCleanup = kCleanupDone; // a table deleted later on this thread frees its chunks
+    }
+};
+
+__attribute__((noinline)) void armKeptCleanup()
+{
+    static thread_local KeptCleanup cleanup;
+    (void)cleanup;
+}
 
 void freeChunk(Chunk* chunk)
 {
     const std::size_t capacity = capacityOf(chunk);
-    KeptChunk& kept = t_kept;
-    if (capacity <= kLargestKept && (!kept.chunk || capacityOf(kept.chunk) < capacity)) {
-        std::free(kept.chunk);
-        kept.chunk = chunk;
-        return;
+    if (capacity <= kLargestKept && (!t_kept || capacityOf(t_kept) < capacity)) {
+        if (t_keptCleanup == kCleanupNone)
+            armKeptCleanup();
+        if (t_keptCleanup == kCleanupArmed) {
+            std::free(t_kept);
+            t_kept = chunk;
+            return;
+        }
     }
     std::free(chunk);
 }
 
 // One user of the parse chunk belongs to is gone; the last frees them all.
-inline void unuse(Chunk* chunk)
+// A count of one is the caller's own use: no other holder exists who could
+// change it concurrently (new users come only from the owner's detach), so
+// the locked decrement is skipped.
+__attribute__((noinline)) void unuse(Chunk* chunk)
 {
     Chunk* first = chunk->first;
-    if (first->users.fetch_sub(1, std::memory_order_acq_rel) != 1)
+    if (first->users.load(std::memory_order_acquire) != 1 &&
+        first->users.fetch_sub(1, std::memory_order_acq_rel) != 1)
         return;
     for (Chunk* newest = first->newest; newest;) {
         Chunk* older = newest->older;
@@ -134,16 +186,15 @@ inline void unuse(Chunk* chunk)
     }
 }
 
-Chunk* newChunk(Arena& arena, std::size_t need)
+__attribute__((noinline)) Chunk* newChunk(Arena& arena, std::size_t need)
 {
     std::size_t capacity = arena.nextCapacity;
     if (capacity < need)
         capacity = need;
     Chunk* chunk = nullptr;
-    KeptChunk& kept = t_kept;
-    if (kept.chunk && capacityOf(kept.chunk) >= capacity) {
-        chunk = kept.chunk;
-        kept.chunk = nullptr;
+    if (t_kept && capacityOf(t_kept) >= capacity) {
+        chunk = t_kept;
+        t_kept = nullptr;
         capacity = capacityOf(chunk);
     } else {
         chunk = static_cast<Chunk*>(std::malloc(sizeof(Chunk) + capacity));
@@ -173,21 +224,27 @@ void releaseChunks(Chunk* newest)
 
 namespace ParseArena {
 
-void* allocate(std::size_t size)
+namespace {
+
+// The rarer paths of allocate and release, kept out of line so that the
+// common ones (a bump in the current chunk; a plain object of a parse) stay
+// small enough to be inlined into the parses.
+__attribute__((noinline)) void* allocateSlow(Arena* arena, std::size_t need)
 {
-    const std::size_t need = sizeof(Header) + rounded(size ? size : 1);
-    Arena* arena = t_arena;
     if (arena) {
+        syncOut();
         Chunk* chunk = static_cast<Chunk*>(arena->chunks);
         if (!chunk || static_cast<std::size_t>(chunk->end - chunk->next) < need)
             chunk = newChunk(*arena, need);
+        char* const next = chunk->next + need;
         char* object = chunk->next + sizeof(Header);
-        chunk->next += need;
-        headerOf(object) = Header{chunk, kPlain};
-        if (!arena->root) {
+        const bool root = arena->root == nullptr;
+        headerOf(object) = Header{chunk, root ? kParsing : kPlain};
+        if (root)
             arena->root = object;
-            headerOf(object).state = kParsing;
-        }
+        // The bump pointer goes to the thread's block from the registers,
+        // not reloaded from the chunk just written.
+        t_bump = Bump{next, chunk->end, chunk};
         return object;
     }
     char* block = static_cast<char*>(std::malloc(need));
@@ -198,20 +255,45 @@ void* allocate(std::size_t size)
     return object;
 }
 
+__attribute__((noinline)) void releaseSlow(void* object, const Header header) noexcept
+{
+    if (!header.owner)
+        std::free(&headerOf(object));
+    else if (header.state == kDetached)
+        unuse(header.owner);
+    else if (header.state == kParsing) {
+        syncOut(); // the next object becomes the root
+        t_arena->root = nullptr; // a failed parse: the scope hands the chunks back
+    } else
+        releaseChunks(reinterpret_cast<Chunk*>(header.state));
+}
+
+} // namespace
+
+void* allocate(std::size_t size)
+{
+    const std::size_t need = sizeof(Header) + rounded(size ? size : 1);
+    // Within a parse, after its first object: carve from the newest chunk.
+    Bump& bump = t_bump;
+    char* next = bump.next;
+    if (static_cast<std::size_t>(bump.end - next) >= need) {
+        bump.next = next + need;
+        char* object = next + sizeof(Header);
+        headerOf(object) = Header{bump.chunk, kPlain};
+        return object;
+    }
+    return allocateSlow(t_arena, need);
+}
+
 void release(void* object) noexcept
 {
     if (!object)
         return;
     const Header header = headerOf(object);
-    if (!header.owner)
-        std::free(&headerOf(object));
-    else if (header.state == kDetached)
-        unuse(header.owner);
-    else if (header.state == kParsing)
-        t_arena->root = nullptr; // a failed parse: the scope hands the chunks back
-    else if (header.state != kPlain)
-        releaseChunks(reinterpret_cast<Chunk*>(header.state));
     // A plain object of a parse goes with its table.
+    if (header.owner && header.state == kPlain)
+        return;
+    releaseSlow(object, header);
 }
 
 void detach(void* object) noexcept
@@ -239,6 +321,7 @@ TISDBTParseScope::~TISDBTParseScope()
 {
     if (!m_bOpened)
         return;
+    syncOut();
     t_arena = nullptr;
     // From now on the table owns the chunks, unless it was deleted during its
     // own parse.

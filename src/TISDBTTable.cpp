@@ -70,10 +70,8 @@ void TISDBTTable::setDebug(BOOL /*debug*/, BOOL /*recursive*/)
 {
 }
 
-BOOL TISDBTTable::requireBytes(const U8* position, const U8* limit, U32 need, U16* errorCode)
+BOOL TISDBTTable::refuseLength(const U8* position, const U8* limit, U32 need, U16* errorCode)
 {
-    if (fits(position, limit, need))
-        return TRUE;
     VURO_LOGW("%s: TISDBTTable::parse: Longer data length is required: %u < %u. Aborting!", VURO_LOG_ORIGIN,
               bytesLeft(position, limit), need);
     ISDBTUtils::setErrorCode(errorCode, ERROR_INVALID_DATA_LENGTH);

@@ -129,7 +129,14 @@ protected:
     /// inside a field the body has to read: logs the table length line with the
     /// bytes left and the bytes needed, stores ERROR_INVALID_DATA_LENGTH and
     /// returns FALSE.
-    static BOOL requireBytes(const U8* position, const U8* limit, U32 need, U16* errorCode);
+    static BOOL requireBytes(const U8* position, const U8* limit, U32 need, U16* errorCode)
+    {
+        if (position <= limit && static_cast<std::size_t>(limit - position) >= need)
+            return TRUE;
+        return refuseLength(position, limit, need, errorCode);
+    }
+    /// The failing side of requireBytes: logs, stores the code, FALSE.
+    static BOOL refuseLength(const U8* position, const U8* limit, U32 need, U16* errorCode);
 
     /// First arena block of a parse: room for the table, its section copy and
     /// the objects a section of typical density yields.
