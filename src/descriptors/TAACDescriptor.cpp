@@ -19,7 +19,7 @@ TAACDescriptor::TAACDescriptor(U8* data, U32 length)
 
 TAACDescriptor::~TAACDescriptor()
 {
-    delete[] m_pAdditionalInfo;
+    freeBlock(m_pAdditionalInfo);
 }
 
 TAACDescriptor* TAACDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength, U16* errorCode)

@@ -37,14 +37,14 @@ TApplicationDescriptor::TApplicationDescriptor(TApplicationDescriptor* source)
     m_bVisibilityApps = source->m_bVisibilityApps;
     m_iTransportProtSize = source->m_iTransportProtSize;
     if (source->m_pTransportProts && m_iTransportProtSize) {
-        m_pTransportProts = new VURO_U8[m_iTransportProtSize];
+        m_pTransportProts = newBlock<VURO_U8>(m_iTransportProtSize);
         std::memcpy(m_pTransportProts, source->m_pTransportProts, m_iTransportProtSize);
     }
 }
 
 TApplicationDescriptor::~TApplicationDescriptor()
 {
-    delete[] m_pTransportProts;
+    freeBlock(m_pTransportProts);
 }
 
 TApplicationDescriptor* TApplicationDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,

@@ -11,7 +11,7 @@ TCAIdentifierDescriptor::TCAIdentifierDescriptor(U8* data, U32 length)
 
 TCAIdentifierDescriptor::~TCAIdentifierDescriptor()
 {
-    delete[] m_pCASystemIDs;
+    freeBlock(m_pCASystemIDs);
 }
 
 TCAIdentifierDescriptor* TCAIdentifierDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,
@@ -36,7 +36,7 @@ BOOL TCAIdentifierDescriptor::parseBody(U32 dataLength, const U8* limit, U32& pa
         return FALSE;
     m_iCASystemIDCount = count;
     if (count > 0) {
-        m_pCASystemIDs = new VURO_U16[count];
+        m_pCASystemIDs = newBlock<VURO_U16>(count);
         for (U32 i = 0; i < count; ++i)
             m_pCASystemIDs[i] = readU16(body + 2 * i);
     }

@@ -17,8 +17,8 @@ TCarouselIdentifierDescriptor::TCarouselIdentifierDescriptor(U8* data, U32 lengt
 
 TCarouselIdentifierDescriptor::~TCarouselIdentifierDescriptor()
 {
-    delete[] m_pObjectKeyData;
-    delete[] m_pPrivateData;
+    freeBlock(m_pObjectKeyData);
+    freeBlock(m_pPrivateData);
 }
 
 TCarouselIdentifierDescriptor* TCarouselIdentifierDescriptor::parse(U8* sectionData, U32 dataLength,

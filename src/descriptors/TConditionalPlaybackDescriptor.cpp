@@ -16,7 +16,7 @@ TConditionalPlaybackDescriptor::TConditionalPlaybackDescriptor(U8* data, U32 len
 
 TConditionalPlaybackDescriptor::~TConditionalPlaybackDescriptor()
 {
-    delete[] m_pPrivateData;
+    freeBlock(m_pPrivateData);
 }
 
 TConditionalPlaybackDescriptor* TConditionalPlaybackDescriptor::parse(U8* sectionData, U32 dataLength,

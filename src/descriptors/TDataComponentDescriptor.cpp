@@ -12,7 +12,7 @@ TDataComponentDescriptor::TDataComponentDescriptor(U8* data, U32 length)
 
 TDataComponentDescriptor::~TDataComponentDescriptor()
 {
-    delete[] m_pAdditionalData;
+    freeBlock(m_pAdditionalData);
 }
 
 TDataComponentDescriptor* TDataComponentDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,

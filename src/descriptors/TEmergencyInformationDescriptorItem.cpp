@@ -17,7 +17,7 @@ TEmergencyInformationDescriptorItem::TEmergencyInformationDescriptorItem()
 
 TEmergencyInformationDescriptorItem::~TEmergencyInformationDescriptorItem()
 {
-    delete[] m_pAreaCodes;
+    freeBlock(m_pAreaCodes);
     m_pAreaCodes = nullptr;
 }
 
@@ -47,7 +47,7 @@ TEmergencyInformationDescriptorItem* TEmergencyInformationDescriptorItem::parse(
     item->m_iSignalLevel = static_cast<U8>((sectionData[2] & 0x40) >> 6);
     item->m_iAreaCodeLength = sectionData[3];
     if (item->m_iAreaCodeLength != 0) {
-        item->m_pAreaCodes = new VURO_U16[codeCount];
+        item->m_pAreaCodes = newBlock<VURO_U16>(codeCount);
         for (U32 i = 0; i < codeCount; ++i) {
             const U8* code = sectionData + kFixedLength + 2 * i;
             item->m_pAreaCodes[i] = static_cast<U16>((code[0] << 4) | (code[1] >> 4));

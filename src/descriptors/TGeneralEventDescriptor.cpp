@@ -14,7 +14,7 @@ TGeneralEventDescriptor::TGeneralEventDescriptor(U8* data, U32 length)
 
 TGeneralEventDescriptor::~TGeneralEventDescriptor()
 {
-    delete[] m_pPrivateData;
+    freeBlock(m_pPrivateData);
 }
 
 TGeneralEventDescriptor* TGeneralEventDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,

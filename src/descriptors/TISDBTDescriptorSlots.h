@@ -5,6 +5,7 @@
 #define VURO_TISDBT_DESCRIPTOR_SLOTS_H
 
 #include <array>
+#include <cstddef>
 #include <list>
 #include <type_traits>
 
@@ -36,9 +37,20 @@ public:
     template <class Owner>
     static Outcome parse(Owner& owner, U8* data, U32 length, U16* errorCode, const U8* limit)
     {
+        // The slot of the tag, found in one look-up.
+        const SlotEntry& entry = slotTable(owner)[data[0]];
+        if (entry.parse) {
+            if (!fits(data, limit, length))
+                return PAST_BUFFER;
+            return entry.parse(reinterpret_cast<char*>(&owner) + entry.offset, data, length, errorCode, limit)
+                       ? STORED
+                       : FAILED;
+        }
         Outcome outcome = data[0] == kStuffingTag ? STUFFING : UNKNOWN;
-        if (!keeps(owner, data[0]))
+        if (entry.offset == kNotKept)
             return outcome;
+        // A tag several slots take (a base-class slot, or one tag twice):
+        // every slot is offered the descriptor, in member order.
         SlotList::forEachSlot(owner, [&](auto*& slot) {
             using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
             if (data[0] != D::DESCRIPTOR_TAG)
@@ -105,6 +117,50 @@ private:
     template <class D>
     struct HasFixedTag<D, std::void_t<decltype(D::DESCRIPTOR_TAG)>> : std::true_type {
     };
+
+    // Per tag: the one slot that takes it, as its offset in the owner and the
+    // parse of its class; parse is null for a tag no slot takes (offset
+    // kNotKept) and for one that has to be offered to every slot (kWalk).
+    using SlotParse = BOOL (*)(void* slot, U8* data, U32 length, U16* errorCode, const U8* limit);
+    struct SlotEntry {
+        std::ptrdiff_t offset;
+        SlotParse parse;
+    };
+    static constexpr std::ptrdiff_t kNotKept = 0;
+    static constexpr std::ptrdiff_t kWalk = -1;
+
+    template <class D>
+    static BOOL parseSlot(void* slot, U8* data, U32 length, U16* errorCode, const U8* limit)
+    {
+        return TISDBTDescriptor::parseInto(*static_cast<D**>(slot), data, length, errorCode, limit);
+    }
+
+    template <class Owner>
+    static const std::array<SlotEntry, 256>& slotTable(const Owner& owner)
+    {
+        static const std::array<SlotEntry, 256> table = [&owner] {
+            std::array<SlotEntry, 256> result{};
+            bool everyTag = false;
+            SlotList::forEachSlot(owner, [&](const auto& slot) {
+                using D = std::remove_pointer_t<std::remove_cv_t<std::remove_reference_t<decltype(slot)>>>;
+                if constexpr (HasFixedTag<D>::value) {
+                    SlotEntry& entry = result[D::DESCRIPTOR_TAG];
+                    if (entry.parse || entry.offset == kWalk) {
+                        entry = SlotEntry{kWalk, nullptr};
+                    } else {
+                        entry.offset = reinterpret_cast<const char*>(&slot) - reinterpret_cast<const char*>(&owner);
+                        entry.parse = &parseSlot<D>;
+                    }
+                } else {
+                    everyTag = true;
+                }
+            });
+            if (everyTag)
+                result.fill(SlotEntry{kWalk, nullptr});
+            return result;
+        }();
+        return table;
+    }
 
     // Per tag: TRUE when a slot takes it. Built once from the slot types, so
     // that a descriptor the owner does not keep costs one look-up rather than

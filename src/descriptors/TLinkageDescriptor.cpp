@@ -16,7 +16,7 @@ TLinkageDescriptor::TLinkageDescriptor(U8* data, U32 length)
 
 TLinkageDescriptor::~TLinkageDescriptor()
 {
-    delete[] m_pPrivateData;
+    freeBlock(m_pPrivateData);
     m_pPrivateData = nullptr;
     m_iPrivateDataSize = 0;
 }

@@ -35,7 +35,7 @@ TLogoTransmissionDescriptor::TLogoTransmissionDescriptor(U8* data, U32 length)
 
 TLogoTransmissionDescriptor::~TLogoTransmissionDescriptor()
 {
-    delete[] m_pLogoData;
+    freeBlock(m_pLogoData);
 }
 
 TLogoTransmissionDescriptor* TLogoTransmissionDescriptor::parse(U8* sectionData, U32 dataLength,

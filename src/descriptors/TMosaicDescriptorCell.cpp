@@ -37,7 +37,7 @@ TMosaicDescriptorCell::TMosaicDescriptorCell()
 
 TMosaicDescriptorCell::~TMosaicDescriptorCell()
 {
-    delete[] m_pElementaryCellIDs;
+    freeBlock(m_pElementaryCellIDs);
 }
 
 TMosaicDescriptorCell* TMosaicDescriptorCell::parse(U8* sectionData, U32 dataLength, U32* itemLength,
@@ -90,7 +90,7 @@ TMosaicDescriptorCell* TMosaicDescriptorCell::parse(U8* sectionData, U32 dataLen
     cell->m_iLogicalCellPresentationInfo = sectionData[1] & 0x07;
     cell->m_iElementaryCellFieldLength = fieldLength;
     if (fieldLength != 0) {
-        cell->m_pElementaryCellIDs = new U8[fieldLength];
+        cell->m_pElementaryCellIDs = newBlock<U8>(fieldLength);
         for (U32 i = 0; i < fieldLength; ++i)
             cell->m_pElementaryCellIDs[i] = sectionData[kFirstElementaryCellOffset + i] & 0x3F;
     }

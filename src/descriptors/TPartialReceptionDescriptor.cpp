@@ -11,7 +11,7 @@ TPartialReceptionDescriptor::TPartialReceptionDescriptor(U8* data, U32 length)
 
 TPartialReceptionDescriptor::~TPartialReceptionDescriptor()
 {
-    delete[] m_pServiceIDs;
+    freeBlock(m_pServiceIDs);
     m_pServiceIDs = nullptr;
 }
 

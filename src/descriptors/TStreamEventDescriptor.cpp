@@ -16,7 +16,7 @@ TStreamEventDescriptor::TStreamEventDescriptor(U8* data, U32 length)
 
 TStreamEventDescriptor::~TStreamEventDescriptor()
 {
-    delete[] m_pPrivateData;
+    freeBlock(m_pPrivateData);
 }
 
 TStreamEventDescriptor* TStreamEventDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,

@@ -16,7 +16,7 @@ TSystemManagementDescriptor::TSystemManagementDescriptor(U8* data, U32 length)
 
 TSystemManagementDescriptor::~TSystemManagementDescriptor()
 {
-    delete[] m_pAdditionalIdentInfo;
+    freeBlock(m_pAdditionalIdentInfo);
     m_pAdditionalIdentInfo = nullptr;
     m_iAdditionalIdentInfoSize = 0;
 }

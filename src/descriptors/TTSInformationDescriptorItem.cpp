@@ -16,7 +16,7 @@ TTSInformationDescriptorItem::TTSInformationDescriptorItem()
 
 TTSInformationDescriptorItem::~TTSInformationDescriptorItem()
 {
-    delete[] m_pServices;
+    freeBlock(m_pServices);
     m_pServices = nullptr;
 }
 

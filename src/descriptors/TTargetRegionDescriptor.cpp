@@ -11,7 +11,7 @@ TTargetRegionDescriptor::TTargetRegionDescriptor(U8* data, U32 length)
 
 TTargetRegionDescriptor::~TTargetRegionDescriptor()
 {
-    delete[] m_pSpec;
+    freeBlock(m_pSpec);
 }
 
 TTargetRegionDescriptor* TTargetRegionDescriptor::parse(U8* sectionData, U32 dataLength, U32* parsedLength,

@@ -16,7 +16,7 @@ TTerrestrialDeliverySystemDescriptor::TTerrestrialDeliverySystemDescriptor(U8* d
 
 TTerrestrialDeliverySystemDescriptor::~TTerrestrialDeliverySystemDescriptor()
 {
-    delete[] m_pFrequencies;
+    freeBlock(m_pFrequencies);
     m_pFrequencies = nullptr;
 }
 

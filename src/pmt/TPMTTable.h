@@ -131,6 +131,7 @@ private:
     TAACDescriptor* m_pAACDesc = nullptr;
     TCarouselIdentifierDescriptor* m_pCarouselIdentDesc = nullptr;
     TISO639LanguageDescriptor* m_pISO639LanguageDescriptor = nullptr;
+    VURO_U32 m_iFilledSlots = 0; ///< the descriptor slots a parse filled, one bit each
     TISDBTItemList<TProgramMap> m_pItems;
 };
 

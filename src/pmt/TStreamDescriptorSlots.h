@@ -4,6 +4,7 @@
 #ifndef VURO_TSTREAM_DESCRIPTOR_SLOTS_H
 #define VURO_TSTREAM_DESCRIPTOR_SLOTS_H
 
+#include <array>
 #include <list>
 #include <type_traits>
 
@@ -36,7 +37,7 @@
 namespace Vuro {
 
 // Owner has the members m_pCAIdentifierDesc ... m_pISO639LanguageDescriptor
-// and declares this class a friend.
+// and m_iFilledSlots (a U32 starting at 0), and declares this class a friend.
 template <class Owner>
 class TStreamDescriptorSlots {
 public:
@@ -128,6 +129,7 @@ public:
     {
         switch (Slots::parse(owner, data, length, errorCode, limit)) {
         case Slots::STORED:
+            owner.m_iFilledSlots |= kSlotBits[data[0]];
             return STORED;
         case Slots::FAILED:
         case Slots::PAST_BUFFER:
@@ -161,20 +163,49 @@ public:
 
     // Deletes the descriptors and empties the slots: member order, except that
     // the stream identifier goes right after the emergency information.
+    // Only the slots a parse has filled (m_iFilledSlots, one bit per slot in
+    // member order) are looked at: most of the 23 are empty in every entry.
     static void release(Owner& owner)
     {
-        forEachSlot(owner, [&](auto*& slot) {
+        const U32 filled = owner.m_iFilledSlots;
+        owner.m_iFilledSlots = 0;
+        if (filled == 0)
+            return;
+        forEachSlot(owner, [filled, &owner](auto*& slot) {
             using D = std::remove_pointer_t<std::remove_reference_t<decltype(slot)>>;
             if (std::is_same<D, TStreamIdentifierDescriptor>::value)
                 return;
-            destroy(slot);
-            if (std::is_same<D, TEmergencyInformationDescriptor>::value)
+            static_assert(bitOf(D::DESCRIPTOR_TAG) != 0, "every slot's tag has its bit");
+            if (filled & bitOf(D::DESCRIPTOR_TAG))
+                destroy(slot);
+            if (std::is_same<D, TEmergencyInformationDescriptor>::value &&
+                (filled & bitOf(TStreamIdentifierDescriptor::DESCRIPTOR_TAG)) != 0)
                 destroy(owner.m_pStreamIdentifierDesc);
         });
     }
 
 private:
     using Slots = TISDBTDescriptorSlots<TStreamDescriptorSlots>;
+
+    // The bit of a slot's tag in m_iFilledSlots: its place in member order.
+    static constexpr U32 bitOf(U8 tag)
+    {
+        constexpr U8 kTags[] = {0x53, 0x0D, 0x49, 0x4A, 0x50, 0x51, 0x52, 0x55, 0xC0, 0xC1, 0xFC, 0xFD,
+                                0xFE, 0xC6, 0xC8, 0xDE, 0xF7, 0xF8, 0x28, 0x2A, 0x7C, 0x13, 0x0A};
+        for (U32 i = 0; i < sizeof(kTags); ++i)
+            if (kTags[i] == tag)
+                return 1u << i;
+        return 0;
+    }
+
+    static constexpr std::array<U32, 256> slotBitTable()
+    {
+        std::array<U32, 256> bits{};
+        for (U32 tag = 0; tag < 256; ++tag)
+            bits[tag] = bitOf(static_cast<U8>(tag));
+        return bits;
+    }
+    static constexpr std::array<U32, 256> kSlotBits = slotBitTable();
 
     template <class D>
     static void destroy(D*& slot)

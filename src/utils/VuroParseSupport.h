@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstring>
 
+#include "../TISDBTParseArena.h"
 #include "VuroISDBTUtils.h"
 
 namespace Vuro {
@@ -42,6 +43,21 @@ inline void stepWithin(U8*& position, const U8* limit, U32 count)
     position += count < left ? count : left;
 }
 
+// The owned arrays of descriptors and their items (byte blocks, lists of
+// 16-bit values) come from the parse arena like their owners: inside a parse
+// they cost no heap call and go with the table; outside one (a copy) they are
+// heap blocks. Free them with freeBlock, never with delete[].
+template <class T>
+T* newBlock(U32 count)
+{
+    return static_cast<T*>(ParseArena::allocate(count * sizeof(T)));
+}
+
+inline void freeBlock(const void* block)
+{
+    ParseArena::release(const_cast<void*>(block));
+}
+
 // Copies the count bytes at from into a new array owned by the descriptor
 // (null when there is none). The size member is 8 bits wide, as the receiver
 // API has always exposed it: a block over 255 bytes is copied whole and its
@@ -52,7 +68,7 @@ inline void copyByteBlock(const U8* from, U32 count, VURO_U8*& block, VURO_U8& s
     size = static_cast<VURO_U8>(count);
     if (count == 0)
         return;
-    block = new VURO_U8[count];
+    block = newBlock<VURO_U8>(count);
     std::memcpy(block, from, count);
 }
 
@@ -86,14 +102,14 @@ inline U32 readU32(const U8* p)
     return (static_cast<U32>(p[0]) << 24) | (static_cast<U32>(p[1]) << 16) | (static_cast<U32>(p[2]) << 8) | p[3];
 }
 
-// A new array (array new; the caller owns it) of count big-endian 16-bit
+// A new array (newBlock; the caller owns it) of count big-endian 16-bit
 // values read from p, or null when count is 0. The caller has checked that
 // 2 x count bytes lie inside the buffer.
 inline U16* readU16Array(const U8* p, U32 count)
 {
     if (count == 0)
         return nullptr;
-    U16* values = new U16[count];
+    U16* values = newBlock<U16>(count);
     for (U32 i = 0; i < count; ++i)
         values[i] = readU16(p + 2 * i);
     return values;
