@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <vector>
 #include <unistd.h>
 
 #include "SectionBuilder.h"
@@ -288,6 +289,34 @@ TEST(TsReaderTest, TellsAFileOfSectionsApart)
     EXPECT_FALSE(looksLikeSections(corrupt.data(), corrupt.size(), true));
     const Bytes text(5000, 'x');
     EXPECT_FALSE(looksLikeSections(text.data(), text.size(), true));
+}
+
+// A file is mapped whole, yet progress still comes while it is walked (a
+// slice at a time), not only once at the end.
+TEST(TsReaderTest, ReportsProgressThroughAMappedFile)
+{
+    Bytes packet(188, 0xFF);
+    packet[0] = 0x47;
+    packet[1] = 0x1F; // null packets
+    packet[3] = 0x10;
+    const std::size_t count = (std::size_t(150) << 20) / 188;
+    std::FILE* file = std::tmpfile();
+    ASSERT_NE(file, nullptr);
+    for (std::size_t i = 0; i < count; ++i)
+        std::fwrite(packet.data(), 1, packet.size(), file);
+    std::fflush(file);
+    std::rewind(file);
+    Recorder sink;
+    SectionDemux demux(sink);
+    TsReader reader(fileno(file));
+    std::vector<std::uint64_t> reports;
+    ASSERT_TRUE(reader.run(demux, [&reports](std::uint64_t bytes) { reports.push_back(bytes); })) << reader.error();
+    std::fclose(file);
+    EXPECT_EQ(reader.report().packets, count);
+    ASSERT_GE(reports.size(), 2u);
+    EXPECT_GT(reports[0], 0u);
+    EXPECT_LT(reports[0], reports[1]);
+    EXPECT_LT(reports.back(), count * 188);
 }
 
 TEST(TsReaderTest, RefusesWhatIsNotATransportStream)

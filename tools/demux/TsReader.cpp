@@ -19,6 +19,8 @@ constexpr std::size_t kDetectPackets = 32;
 constexpr std::size_t kConvincingPackets = 5;
 constexpr std::size_t kNotFound = static_cast<std::size_t>(-1);
 constexpr std::size_t kPrefetchPackets = 32;
+// Bytes of a mapped input walked between two progress reports.
+constexpr std::size_t kProgressSlice = std::size_t(64) << 20;
 
 // Consecutive unit starts from offset that carry the sync byte, or 0 if
 // fewer than the data can show convincingly.
@@ -219,7 +221,12 @@ bool TsReader::run(SectionDemux& demux, const std::function<void(std::uint64_t)>
         std::uint8_t* const data = m_data;
         // Whole units while more input follows, whole 188-byte packets at its end.
         const std::size_t need = m_eof ? TS_PACKET_SIZE : unit;
-        while (m_position + need <= m_have) {
+        // A mapped input is all there from the start: it is walked in slices
+        // so that progress is still reported between them.
+        std::size_t stop = m_have;
+        if (m_mapping && progress && m_have - m_position > kProgressSlice)
+            stop = m_position + kProgressSlice;
+        while (m_position + need <= stop) {
             std::uint8_t* const packet = data + m_position;
             // Packet headers lie 188 bytes apart, a stride the hardware
             // prefetchers lose at every page: ask for the header a few packets
@@ -248,6 +255,10 @@ bool TsReader::run(SectionDemux& demux, const std::function<void(std::uint64_t)>
             demux.packet(packet);
             ++m_report.packets;
             m_position += unit;
+        }
+        if (stop != m_have) {
+            progress(m_position);
+            continue;
         }
         if (m_eof)
             break;
