@@ -4,10 +4,13 @@
 #include <vector>
 
 #include <descriptors/TShortEventDescriptor.h>
+#include <descriptors/TTerrestrialDeliverySystemDescriptor.h>
 #include <eit/TEITTable.h>
+#include <nit/TNITTable.h>
 #include <pat/TPATTable.h>
 
 #include "../eit/EitBytes.h"
+#include "../nit/NitBytes.h"
 #include "../support/SectionBuilder.h"
 
 using namespace Vuro;
@@ -105,5 +108,55 @@ TEST(ParseArena, DisplacedEventKeepsItsDescriptorsAndBytesAfterItsTable)
         EXPECT_EQ(event->getData()[0], event->getEventId() >> 8);
         EXPECT_EQ(event->getData()[1], event->getEventId() & 0xFF);
         delete event;
+    }
+}
+
+// The arrays a descriptor owns (here the delivery system's frequencies) are
+// carved from the parse too: a displaced stream keeps them after its table,
+// while the next parses on the thread reuse the memory the table gave back;
+// a refused parse in between leaves the next one whole.
+TEST(ParseArena, DisplacedStreamKeepsItsDescriptorArraysAfterItsTable)
+{
+    const auto network = [](U16 base) {
+        Bytes entries;
+        for (U16 tsid = 1; tsid <= 30; ++tsid) {
+            const U16 frequency = static_cast<U16>(base + tsid);
+            entries = concat({entries, streamEntry(tsid, 0x0640,
+                                                   descriptor(0xFA, {0x12, 0x34, static_cast<U8>(frequency >> 8),
+                                                                     static_cast<U8>(frequency), 0x0E, 0x9E}))});
+        }
+        return nitSection(0x0640, {}, entries);
+    };
+    ExactBuffer data(network(0x1000));
+    TNITTable* table = TNITTable::parse(data.data(), data.size(), TRUE, TRUE, nullptr, nullptr);
+    ASSERT_NE(table, nullptr);
+    std::vector<TTransportStreamInfo*> displaced;
+    for (U16 tsid = 1; tsid <= 30; tsid += 3) {
+        displaced.push_back(table->getTransportStreamInfo(tsid));
+        ExactBuffer entry(streamEntry(tsid, 0x0641, {}));
+        table->addTransportStreamInfo(TTransportStreamInfo::parse(entry.data(), entry.size(), TRUE, nullptr, nullptr));
+    }
+    delete table;
+
+    ExactBuffer other(network(0x2000));
+    Bytes cut = network(0x3000);
+    ExactBuffer refused(Bytes(cut.begin(), cut.end() - 9));
+    for (int i = 0; i < 3; ++i) {
+        delete TNITTable::parse(other.data(), other.size(), TRUE, TRUE, nullptr, nullptr);
+        EXPECT_EQ(TNITTable::parse(refused.data(), refused.size(), TRUE, TRUE, nullptr, nullptr), nullptr);
+    }
+    TNITTable* next = TNITTable::parse(other.data(), other.size(), TRUE, TRUE, nullptr, nullptr);
+    ASSERT_NE(next, nullptr);
+    EXPECT_EQ(next->getTransportStreamInfo(30)->getTerrestrialDeliverySystemDescriptor()->getFrequencies()[0],
+              0x2000 + 30);
+    delete next;
+
+    for (TTransportStreamInfo* stream : displaced) {
+        TTerrestrialDeliverySystemDescriptor* delivery = stream->getTerrestrialDeliverySystemDescriptor();
+        ASSERT_NE(delivery, nullptr);
+        ASSERT_EQ(delivery->getFrequencyCounter(), 2u);
+        EXPECT_EQ(delivery->getFrequencies()[0], 0x1000 + stream->getTransportStreamID());
+        EXPECT_EQ(delivery->getFrequencies()[1], 0x0E9E);
+        delete stream;
     }
 }
