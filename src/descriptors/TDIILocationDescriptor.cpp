@@ -1,6 +1,6 @@
 #include "TDIILocationDescriptor.h"
 
-#include "../utils/VuroParseSupport.h"
+#include "DescriptorBodySupport.h"
 
 namespace Vuro {
 
@@ -33,6 +33,11 @@ TDIILocationDescriptor* TDIILocationDescriptor::parse(U8* sectionData, U32 dataL
 
 BOOL TDIILocationDescriptor::parseBody(U32 dataLength, const U8* limit, U32& parsedLength, U16* errorCode)
 {
+    // transport_protocol_label, then the items to the end. Handed more bytes
+    // than the outer buffer holds, the label byte itself may lie past it: the
+    // class has no length line, so it fails with the code alone.
+    if (!descriptorBytesInBuffer(m_pData + COMMON_HEADER_LENGTH, limit, 1, errorCode))
+        return FALSE;
     m_iTransportProtocolLabel = m_pData[COMMON_HEADER_LENGTH];
     U8* position = m_pData + COMMON_HEADER_LENGTH + 1;
     U32 remaining = dataLength - COMMON_HEADER_LENGTH - 1;

@@ -9,10 +9,12 @@
 #include <descriptors/TBouquetNameDescriptor.h>
 #include <descriptors/TComponentDescriptor.h>
 #include <descriptors/TCountryAvailabilityDescriptor.h>
+#include <descriptors/TDIILocationDescriptor.h>
 #include <descriptors/TGingaNCLApplicationDescriptor.h>
 #include <descriptors/TGingaNCLApplicationLocationDescriptor.h>
 #include <descriptors/TIPSignalingDescriptor.h>
 #include <descriptors/TMosaicDescriptor.h>
+#include <descriptors/TPrefetchDescriptor.h>
 #include <descriptors/TServiceDescriptor.h>
 #include <descriptors/TTimeShiftedServiceDescriptor.h>
 
@@ -88,6 +90,10 @@ TEST(OuterBuffer, FixedBodiesWithoutALengthLine)
                                           kDescriptorLength, {});
     expectStopsAt<TBouquetNameDescriptor>(descriptor(0x47, {'B', 'o', 'u', 'q'}), 5, kDescriptorLength, {});
     expectStopsAt<TMosaicDescriptor>(descriptor(0x51, {0x90}), 2, kDescriptorLength, {});
+    // The transport_protocol_label byte that precedes the items.
+    expectStopsAt<TPrefetchDescriptor>(descriptor(0x0C, {0x07, 1, 'a', 0x10}), 2, kDescriptorLength, {});
+    expectStopsAt<TDIILocationDescriptor>(descriptor(0x0D, {0x01, 0x80, 0x01, 0x00, 0x40}), 2, kDescriptorLength,
+                                          {});
 }
 
 TEST(OuterBuffer, GingaApplicationLocation)
