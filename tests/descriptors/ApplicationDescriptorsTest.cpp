@@ -171,6 +171,16 @@ TEST(ExternalApplicationAuthorizationDescriptor, AuthorisedApplicationsByHashId)
     EXPECT_EQ(copy.get("000000101")->getApplicationIdentifier()->getApplicationID(), 1u);
     EXPECT_TRUE(copy.remove("000000101"));
     EXPECT_EQ(copy.size(), 1u);
+    // An added item with an identifier already there displaces the earlier
+    // one, which is the caller's from then on.
+    ExactBuffer again({0x00, 0x00, 0x12, 0xAB, 0x40, 0x00, 7});
+    TExternalApplicationAuthorizationDescriptorItem* earlier = copy.get("000012AB4000");
+    copy.add(TExternalApplicationAuthorizationDescriptorItem::parse(again.data(), again.size(), nullptr, nullptr));
+    copy.add(nullptr);
+    EXPECT_EQ(copy.size(), 1u);
+    EXPECT_EQ(copy.get("000012AB4000")->getPriority(), 7);
+    EXPECT_EQ(earlier->getPriority(), 5);
+    delete earlier;
 
     Parsed<TExternalApplicationAuthorizationDescriptor> empty(Bytes{});
     ASSERT_TRUE(empty.decoded(0u));
@@ -205,6 +215,7 @@ TEST(ApplicationDescriptors, IPSignalingPrefetchAndDIILocation)
 
     Parsed<TDIILocationDescriptor> dii({0x01, 0x80, 0x01, 0x00, 0x40, 0x00, 0x02, 0x00, 0x41});
     ASSERT_TRUE(dii.decoded(4u));
+    EXPECT_EQ(dii.object->getTransportProtocolLabel(), 0x01);
     ASSERT_EQ(dii.object->size(), 2u);
     EXPECT_EQ(dii.object->get(0)->getDIIIdentification(), 0x0001); // reserved bit dropped
     EXPECT_EQ(dii.object->get(1)->getAssociationTag(), 0x0041);

@@ -155,6 +155,9 @@ TEST(CompatibilityDescriptor, ShiftedModelAndVersionAndSubDescriptors)
     EXPECT_EQ(first->getCompatibilityDescriptorSubItem(1), nullptr);
     EXPECT_FALSE(first->removeCompatibilityDescriptorSubItem(1));
     EXPECT_TRUE(first->removeCompatibilityDescriptorSubItem(0));
+    // A sub-descriptor a caller adds is appended and owned by the entry.
+    first->addCompatibilityDescriptorSubItem(new TCompatibilityDescriptorSubItem());
+    EXPECT_EQ(first->getCompatibilityDescriptorSubItemSize(), 1u);
     EXPECT_TRUE(c->removeCompatibilityDescriptorItem(0));
     EXPECT_EQ(c->getCompatibilityDescriptorItem(0)->getDescriptorType(), 0x02);
     expectLines(log, 5, {kCopyTarget}); // the byte copy warns on every fresh target

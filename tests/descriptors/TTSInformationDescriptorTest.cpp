@@ -28,6 +28,7 @@ TEST(TSInformationDescriptor, NameAndTwoTransmissionTypes)
     ASSERT_EQ(a->getNumberOfServices(), 1);
     EXPECT_EQ(a->getServices()[0], 0xE598);
     Item* c = d->getTransmissionType(1);
+    EXPECT_EQ(c->getTransmissionTypeInfo(), 0xA0);
     EXPECT_EQ(c->getTransmissionParameterType(), Item::TRANSMISSION_PARAMETER_TYPE_C);
     EXPECT_EQ(c->getModulationSystem(), Item::MODULATION_SYSTEM_QPSK);
     ASSERT_EQ(c->getNumberOfServices(), 2);
