@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
@@ -220,10 +221,12 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
     std::atomic<int> running{kParseThreads};
     std::atomic<std::uint32_t> redirects{0};
     std::thread redirector([&] {
+        // A pause between swaps rather than a busy loop: the parsers keep the
+        // cores (under an emulator a spinning thread costs them half).
         for (unsigned i = 0; running.load() > 0; ++i) {
             android_log_host_set_sink(&LineCounter::sink, &sinks[i % 2]);
             redirects.fetch_add(1);
-            std::this_thread::yield();
+            std::this_thread::sleep_for(std::chrono::microseconds(50));
         }
     });
     std::vector<std::size_t> mismatches(kParseThreads, 0);
@@ -241,6 +244,11 @@ TEST(ParseThreads, EveryTableFromEightThreadsWithSharedBuffersAndPreviousTables)
                 const std::size_t i = (n + offset) % jobs.size();
                 if (!(run(jobs[i]) == expected[i]))
                     ++mismatches[t];
+                // Every 8th parse, one of the shared tables is read whole
+                // (each thread at other times), so reads overlap the parses
+                // without printing outweighing them.
+                if ((n + t) % 8 != 0)
+                    continue;
                 const std::size_t s = i % shared.size();
                 if (printed(*handlerAt(shared[s].first), *shared[s].second) != sharedPrinted[s])
                     ++mismatches[t];
