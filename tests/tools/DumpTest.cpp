@@ -72,6 +72,25 @@ TEST(DumpTest, SampleMatchesTheExpectedDumpAlsoIn192And204BytePackets)
     }
 }
 
+// The schema checker the JSON tests rely on refuses what the patterns
+// exclude, and matches a byte block of a whole section (thousands of
+// characters) without running out of stack.
+TEST(DumpTest, SchemaCheckerRefusesBadPatternsAndCopesWithLongBlocks)
+{
+    const std::string path = ::testing::TempDir() + "bytes.schema.json";
+    std::ofstream(path) << R"({"type": "object", "properties": {"data": {"type": "string",
+                             "pattern": "^([0-9A-F]{2}( [0-9A-F]{2})*)?$"}}})";
+    const VuroTest::JsonSchemaCheck schema(path);
+    std::string block = "47";
+    for (int i = 0; i < 4095; ++i)
+        block += " 1F";
+    for (const std::string& good : {std::string(), std::string("00 1F FF"), block})
+        EXPECT_EQ(schema.check({{"data", good}}), "") << good.size();
+    for (const std::string& bad : {std::string("00 1f"), std::string("00 1"), std::string("001F"), block + " "})
+        EXPECT_NE(schema.check({{"data", bad}}), "") << bad.substr(0, 10);
+    std::remove(path.c_str());
+}
+
 TEST(DumpTest, JsonLinesAreWellFormedAndTheSummaryCountsEverySection)
 {
     const Outcome result = dumpSample("--json --all --verbose");

@@ -7,8 +7,12 @@
 
 #include <algorithm>
 #include <fstream>
-#include <regex>
+#include <map>
+#include <memory>
+#include <stdexcept>
 #include <string>
+
+#include <regex.h>
 
 #include <nlohmann/json.hpp>
 
@@ -22,6 +26,31 @@ public:
     std::string check(const nlohmann::json& value) const { return check(m_root, value, "$"); }
 
 private:
+    // The schema's patterns are POSIX extended expressions, matched with the C
+    // library's engine, compiled once each: std::regex recurses once per
+    // character, which a long hex "data" string turns into a stack overflow
+    // on small-stack targets (32-bit ARM under the sanitizers).
+    struct RegexFree {
+        void operator()(regex_t* compiled) const
+        {
+            regfree(compiled);
+            delete compiled;
+        }
+    };
+    bool matches(const std::string& text, const std::string& pattern) const
+    {
+        auto found = m_patterns.find(pattern);
+        if (found == m_patterns.end()) {
+            auto* compiled = new regex_t;
+            if (regcomp(compiled, pattern.c_str(), REG_EXTENDED | REG_NOSUB) != 0) {
+                delete compiled;
+                throw std::invalid_argument("not a POSIX extended expression: " + pattern);
+            }
+            found = m_patterns.emplace(pattern, std::unique_ptr<regex_t, RegexFree>(compiled)).first;
+        }
+        return regexec(found->second.get(), text.c_str(), 0, nullptr, 0) == 0;
+    }
+
     const nlohmann::json& resolve(const nlohmann::json& schema) const
     {
         const std::string ref = schema.at("$ref").get<std::string>(); // "#/$defs/name"
@@ -71,7 +100,7 @@ private:
                 return at + ": above the maximum";
         }
         if (value.is_string() && schema.contains("pattern") &&
-            !std::regex_search(value.get<std::string>(), std::regex(schema["pattern"].get<std::string>())))
+            !matches(value.get<std::string>(), schema["pattern"].get<std::string>()))
             return at + ": does not match " + schema["pattern"].get<std::string>();
         if (schema.contains("oneOf")) {
             int matches = 0;
@@ -119,7 +148,7 @@ private:
             if (schema.contains("patternProperties"))
                 for (auto pattern = schema["patternProperties"].begin(); pattern != schema["patternProperties"].end();
                      ++pattern)
-                    if (std::regex_search(it.key(), std::regex(pattern.key()))) {
+                    if (matches(it.key(), pattern.key())) {
                         matched = true;
                         const std::string found = check(pattern.value(), it.value(), where);
                         if (!found.empty())
@@ -135,6 +164,7 @@ private:
     }
 
     nlohmann::json m_root;
+    mutable std::map<std::string, std::unique_ptr<regex_t, RegexFree>> m_patterns;
 };
 
 } // namespace VuroTest
