@@ -67,8 +67,7 @@ public:
     template <class Owner>
     static BOOL keeps(const Owner& owner, U8 tag)
     {
-        const SlotEntry& entry = slotTable(owner)[tag];
-        return entry.parse || entry.offset == kWalk;
+        return keptTags(owner)[tag];
     }
 
     // The descriptor held for tag, or null.
@@ -161,6 +160,26 @@ private:
             return result;
         }();
         return table;
+    }
+
+    // Per tag: TRUE when a slot takes it. Built once from the slot types, so
+    // that a descriptor the owner does not keep costs one look-up rather than
+    // a pass over every slot.
+    template <class Owner>
+    static const std::array<BOOL, 256>& keptTags(const Owner& owner)
+    {
+        static const std::array<BOOL, 256> kept = [&owner] {
+            std::array<BOOL, 256> result{};
+            SlotList::forEachSlot(owner, [&result](auto* slot) {
+                using D = std::remove_pointer_t<decltype(slot)>;
+                if constexpr (HasFixedTag<D>::value)
+                    result[D::DESCRIPTOR_TAG] = TRUE;
+                else
+                    result.fill(TRUE); // a slot for several tags (a base class): look at every slot
+            });
+            return result;
+        }();
+        return kept;
     }
 };
 
